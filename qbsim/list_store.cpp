@@ -250,17 +250,15 @@ void ListStore::RenameDescendants(const ListRecord& parent, WriteScope& scope) {
 
 void ListStore::AddToBalance(std::string_view listId, int64_t delta) {
   if (delta == 0) return;
-  SqlDatabase& db = file_.Db();
-  db.Prepare("UPDATE list_record SET balance = balance + ? WHERE list_id = ?").Bind(1, delta).Bind(2, listId).Run();
+  Cached("UPDATE list_record SET balance = balance + ? WHERE list_id = ?").Bind(1, delta).Bind(2, listId).Run();
   AddToTotal(listId, delta);
 }
 
 void ListStore::AddToTotal(std::string_view listId, int64_t delta) {
   if (delta == 0) return;
-  SqlDatabase& db = file_.Db();
   std::string id(listId);
-  SqlStatement up = db.Prepare("UPDATE list_record SET total_balance = total_balance + ? WHERE list_id = ?");
-  SqlStatement parentOf = db.Prepare("SELECT parent_list_id FROM list_record WHERE list_id = ?");
+  SqlStatement& up = Cached("UPDATE list_record SET total_balance = total_balance + ? WHERE list_id = ?");
+  SqlStatement& parentOf = Cached("SELECT parent_list_id FROM list_record WHERE list_id = ?");
   while (!id.empty()) {
     up.Bind(1, delta).Bind(2, id).Run();
     parentOf.Bind(1, id);

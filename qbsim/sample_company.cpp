@@ -439,7 +439,12 @@ void CreateSampleCompany(const std::string& path, const SampleOptions& options) 
   setup.edition = options.edition;
   setup.newestVersion = options.newestVersion;
   auto file = CompanyFile::Create(path, setup);
+  // One big transaction goes faster straight into the file than through the write-ahead
+  // log; nobody else can have the new file open yet.
+  file->Db().Exec("PRAGMA journal_mode=DELETE");
+  file->Db().Exec("PRAGMA cache_size=-65536");
   Fill(*file, options);
+  file->Db().Exec("PRAGMA journal_mode=WAL");
 }
 
 std::string AddDuplicateCustomerForTesting(const std::string& path, const std::string& fullName) {
