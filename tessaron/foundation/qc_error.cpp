@@ -15,7 +15,10 @@ std::shared_ptr<qcError> qcErrors::Add(int32_t Code, const std::string& sField, 
   return e;
 }
 
-std::shared_ptr<qcError> qcErrors::Item(const Variant& vntIndexKey) { return col_.Item(vntIndexKey); }
+std::shared_ptr<qcError> qcErrors::Item(const Variant& vntIndexKey) const {
+  if (vntIndexKey.IsString()) return col_.Item(std::string_view(vntIndexKey.ToString()));
+  return col_.Item(static_cast<long>(vntIndexKey.ToInteger()));
+}
 
 std::vector<std::shared_ptr<qcError>> qcErrors::NewEnum() const {
   std::vector<std::shared_ptr<qcError>> all;

@@ -53,6 +53,13 @@ TEST_F(LibraryLoad, MakesTheMirrorsLogBesideTheLibrary) {
   EXPECT_TRUE(std::filesystem::exists(log->LogPath()));
 }
 
+TEST_F(LibraryLoad, AMissingLibraryFolderLeavesTheMirrorWithoutALog) {
+  SetLibraryFolder(dir_.File("missing"));
+  ResetLibraryStateForTesting();
+  ASSERT_NE(State().DBLog, nullptr);
+  EXPECT_EQ(State().DBLog->LogPath(), "");
+}
+
 TEST_F(LibraryLoad, FillsTheTablesBeforeTheFirstObjectWorks) {
   State();
   EXPECT_EQ(QBEnumerations().Count(), 56);

@@ -4,6 +4,7 @@
 #include <fstream>
 #include <sstream>
 
+#include "raised.h"
 #include "tessaron/foundation/log_file.h"
 #include "tessaron/platform/date.h"
 #include "tessaron/platform/host_services.h"
@@ -92,12 +93,21 @@ TEST_F(LogFileTest, ClearEmptiesTheFile) {
   EXPECT_EQ(fs::file_size(dir_.File("db.log")), 0u);
 }
 
-TEST_F(LogFileTest, AFileThatCannotBeWrittenNeverFailsTheCaller) {
+TEST_F(LogFileTest, AnEntryThatCannotBeWrittenNeverFailsTheCaller) {
   LogFile log;
   log.SetMaxKB(1);
-  log.SetLogPath(dir_.File("missing-folder/db.log"));
+  log.SetLogPath(dir_.File("db.log"));
+  std::filesystem::remove(dir_.File("db.log"));
+  std::filesystem::create_directory(dir_.File("db.log"));  // a folder in the file's place
   EXPECT_NO_THROW(log.LogEntry(1, "lost"));
-  EXPECT_NO_THROW(log.Clear());
+  EXPECT_EQ(testing::NumberRaised([&] { log.Clear(); }), 75u);
+}
+
+TEST_F(LogFileTest, APathThatCannotBeCreatedIsRefusedAndNotStored) {
+  LogFile log;
+  log.SetLogPath(dir_.File("db.log"));
+  EXPECT_EQ(testing::NumberRaised([&] { log.SetLogPath(dir_.File("missing-folder/db.log")); }), 76u);
+  EXPECT_EQ(log.LogPath(), dir_.File("db.log"));
 }
 
 class TraceFile : public ::testing::Test {
