@@ -20,12 +20,7 @@ std::shared_ptr<qcError> qcErrors::Item(const Variant& vntIndexKey) const {
   return col_.Item(static_cast<long>(vntIndexKey.ToInteger()));
 }
 
-std::vector<std::shared_ptr<qcError>> qcErrors::NewEnum() const {
-  std::vector<std::shared_ptr<qcError>> all;
-  all.reserve(static_cast<size_t>(col_.Count()));
-  for (const auto& e : col_) all.push_back(e);
-  return all;
-}
+std::vector<std::shared_ptr<qcError>> qcErrors::NewEnum() const { return col_.Values(); }
 
 int32_t qcErrors::AddObject(std::shared_ptr<qcError> oNew) {
   if (!oNew) RaisePlatform(platform_error::kObjectNotSet);
