@@ -141,7 +141,7 @@ void xmlBldr::AssemblePieces() { buffer_.assign(pieces_); }
 
 void xmlBldr::AppendEscaped(std::string_view value) { EscapeInto(pieces_, value); }
 
-void xmlBldr::AppendElement(const std::string& tag, std::string_view value) {
+void xmlBldr::AppendElement(std::string_view tag, std::string_view value) {
   pieces_ += '<';
   pieces_ += tag;
   pieces_ += '>';
@@ -192,29 +192,29 @@ void xmlBldr::CreateTop() {
   ClosePiece();
 }
 
-void xmlBldr::CreateElement2(const std::string& TagName, std::string_view Value, bool ForceNull, Currency MinVersion) {
+void xmlBldr::CreateElement2(std::string_view TagName, std::string_view Value, bool ForceNull, Currency MinVersion) {
   if (BelowVersion(MinVersion)) return;
   if (!Value.empty() || ForceNull) AppendElement(TagName, Value);
 }
 
-void xmlBldr::CreateElement(const std::string& TagName, std::string_view Value, Currency MinVersion) {
+void xmlBldr::CreateElement(std::string_view TagName, std::string_view Value, Currency MinVersion) {
   if (BelowVersion(MinVersion)) return;
   AppendElement(TagName, Value);
 }
 
-void xmlBldr::CreateDateElement(const std::string& Tag, Date d, Currency MinVersion) {
+void xmlBldr::CreateDateElement(std::string_view Tag, Date d, Currency MinVersion) {
   if (d == 0) return;
   CreateElement2(Tag, DateToText(d), true, MinVersion);
 }
 
-void xmlBldr::CreateBlankTag(const std::string& TagName) {
+void xmlBldr::CreateBlankTag(std::string_view TagName) {
   pieces_ += '<';
   pieces_ += TagName;
   pieces_ += "/>";
   ClosePiece();
 }
 
-void xmlBldr::OpenAggregate(const std::string& TagName, const std::string& Attrib, std::string_view Value) {
+void xmlBldr::OpenAggregate(std::string_view TagName, std::string_view Attrib, std::string_view Value) {
   lastTag_ = TagName;
   pieces_ += '<';
   pieces_ += TagName;
@@ -226,7 +226,7 @@ void xmlBldr::OpenAggregate(const std::string& TagName, const std::string& Attri
   ClosePiece();
 }
 
-void xmlBldr::OpenAggregateOnly(const std::string& TagName) {
+void xmlBldr::OpenAggregateOnly(std::string_view TagName) {
   lastTag_ = TagName;
   pieces_ += '<';
   pieces_ += TagName;
@@ -242,14 +242,12 @@ void xmlBldr::EndAggregate(std::string& TagName) {
   ClosePiece();
 }
 
-void xmlBldr::EndAggregate(const std::string& TagName) {
+void xmlBldr::EndAggregate(std::string_view TagName) {
   pieces_ += "</";
-  pieces_ += TagName.empty() ? lastTag_ : TagName;
+  pieces_ += TagName.empty() ? std::string_view(lastTag_) : TagName;
   pieces_ += '>';
   ClosePiece();
 }
-
-void xmlBldr::EndAggregate() { EndAggregate(std::string()); }
 
 void xmlBldr::EnterValueOnly(std::string_view TagName) {
   EscapeInto(pieces_, TagName);
