@@ -49,6 +49,7 @@ CREATE TABLE deleted_item(
   kind TEXT NOT NULL,
   id TEXT NOT NULL,
   full_name TEXT NOT NULL,
+  time_created TEXT NOT NULL,
   time_deleted TEXT NOT NULL,
   deleted_at REAL NOT NULL);
 CREATE INDEX deleted_item_at ON deleted_item(deleted_at);

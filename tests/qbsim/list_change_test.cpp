@@ -177,11 +177,14 @@ TEST_F(ListChangeTest, DeleteAnswersWhatWasDeletedAndLogsIt) {
   EXPECT_EQ(r.Value("ListID"), id);
   EXPECT_EQ(r.Value("FullName"), "Temporary");
   EXPECT_EQ(Query("Item", "Temporary").Status(), status::kNotFoundByKey);
-  auto file = CompanyFile::Open(path_);
-  SqlStatement st = file->Db().Prepare("SELECT kind, full_name FROM deleted_item WHERE id = ?");
-  st.Bind(1, id);
-  ASSERT_TRUE(st.Step());
-  EXPECT_EQ(st.Text(0), "ItemService");
+  Response log = Send("<ListDeletedQueryRq><ListDelType>ItemService</ListDelType><ListDelType>Class</ListDelType>"
+                      "</ListDeletedQueryRq>");
+  ASSERT_EQ(log.Records().size(), 1u);
+  EXPECT_EQ(log.Value("ListDeletedRet/ListID"), id);
+  EXPECT_EQ(log.Value("ListDeletedRet/TimeCreated"), added.Value("ItemServiceRet/TimeCreated"));
+  Response none = Send("<ListDeletedQueryRq><ListDelType>ItemService</ListDelType><DeletedDateRangeFilter>"
+                       "<FromDeletedDate>2099-01-01</FromDeletedDate></DeletedDateRangeFilter></ListDeletedQueryRq>");
+  EXPECT_EQ(none.Status(), status::kNoMatch);
 }
 
 TEST_F(ListChangeTest, DeleteRefusesRecordsInUseUnknownIdsAndOtherKinds) {
