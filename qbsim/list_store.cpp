@@ -128,7 +128,7 @@ int64_t ListStore::ReferenceCount(std::string_view listId) {
 }
 
 const std::string& ListStore::FullNameOf(std::string_view listId) {
-  auto it = fullNames_.find(std::string(listId));
+  auto it = fullNames_.find(listId);
   if (it != fullNames_.end()) return it->second;
   SqlStatement& st = Cached("SELECT full_name FROM list_record WHERE list_id = ?");
   st.Bind(1, listId);

@@ -77,8 +77,13 @@ class ListStore {
   SqlStatement& Cached(const char* sql);
   void WriteRefs(std::string_view owner, std::span<const std::string> refs);
 
+  // Looked up by views, so answering a reference allocates nothing once its name is known.
+  struct ViewHash {
+    using is_transparent = void;
+    size_t operator()(std::string_view s) const noexcept { return std::hash<std::string_view>{}(s); }
+  };
   CompanyFile& file_;
-  std::unordered_map<std::string, std::string> fullNames_;
+  std::unordered_map<std::string, std::string, ViewHash, std::equal_to<>> fullNames_;
   std::map<const char*, SqlStatement> statements_;
 };
 
