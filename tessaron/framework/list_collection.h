@@ -158,8 +158,8 @@ class ListCollectionBase : public qcList {
  private:
   int32_t AfterSend(const XmlDocument& doc, const std::string& sMDBPath);
   void Parse(const XmlNode& queryRs);
-  void RequestStep(ListObject& obj, int16_t requestId, int& added);
-  int32_t ResponseStep(const XmlNode& node);
+  void RequestStep(xmlBldr& b, ListObject& obj, int16_t requestId, int& added);
+  int32_t ResponseStep(const XmlNode& node, const std::shared_ptr<ListObject>& obj);
 
   const ListCollectionInfo& info_;
   Collection<std::shared_ptr<ListObject>> mCol_;
