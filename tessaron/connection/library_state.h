@@ -17,7 +17,7 @@ class QBConnection;
 class LogFile;
 
 struct LibraryState {
-  std::shared_ptr<RequestProcessor> RequestProcessor;
+  std::shared_ptr<tessaron::RequestProcessor> RequestProcessor;
   std::string SessionTicket;
   // The second session that automatic invoice numbering opens.
   std::shared_ptr<tessaron::RequestProcessor> SecondaryProcessor;
