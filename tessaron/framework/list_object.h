@@ -82,6 +82,24 @@ class ListObject : public qcListObject {
 
   const ListClassInfo& ClassInfo() const { return info_; }
 
+  // Rows for the common fields, in the form most classes use.
+  struct Common {
+    static FieldDef ListID();        // read; first in a modify
+    static FieldDef TimeCreated();
+    static FieldDef TimeModified();
+    static FieldDef EditSequence();  // read; second in a modify
+    static FieldDef Name(Send add, Send mod = Send::Never);
+    static FieldDef FullName();      // the stored tag; query form only
+    static FieldDef IsActive(Send add = Send::Always, Send mod = Send::Never);
+    static FieldDef ParentRef();     // add if set
+    static FieldDef Sublevel();
+    // Name empty: 0x800403F4 "Name cannot be null"; else longer than maxLength: longCode, longMessage.
+    static CheckDef NameCheck(size_t maxLength, uint32_t longCode, const char* longMessage);
+    // The parent must be in the master collection or on file (may send one query).
+    static CheckDef ParentCheck();
+  };
+
+
   // Library-internal: the collection's Add sets these while the object is New, without
   // the field rule; a file load sets the state.
   void SetNameInternal(const std::string& value) { name_ = value; }
@@ -119,23 +137,6 @@ class ListObject : public qcListObject {
 
   // Called at the end of FromDom, before the state turns Clean (sub-records, flags).
   virtual void AfterFromDom() {}
-
-  // Rows for the common fields, in the form most classes use.
-  struct Common {
-    static FieldDef ListID();        // read; first in a modify
-    static FieldDef TimeCreated();
-    static FieldDef TimeModified();
-    static FieldDef EditSequence();  // read; second in a modify
-    static FieldDef Name(Send add, Send mod = Send::Never);
-    static FieldDef FullName();      // the stored tag; query form only
-    static FieldDef IsActive(Send add = Send::Always, Send mod = Send::Never);
-    static FieldDef ParentRef();     // add if set
-    static FieldDef Sublevel();
-    // Name empty: 0x800403F4 "Name cannot be null"; else longer than maxLength: longCode, longMessage.
-    static CheckDef NameCheck(size_t maxLength, uint32_t longCode, const char* longMessage);
-    // The parent must be in the master collection or on file (may send one query).
-    static CheckDef ParentCheck();
-  };
 
   std::string listID_;
   Date timeCreated_ = 0;
