@@ -212,14 +212,30 @@ class ListCollection : public ListCollectionBase {
   }
   // Add: makes the object, refuses on a non-master instance, fills it while it is New,
   // keys it in and links it to a loaded parent.
-  template <class Fill>
-  std::shared_ptr<Obj> AddNew(Fill&& fill) {
-    auto obj = std::make_shared<Obj>();
-    RequireMaster(obj->ClassInfo().className);
+  template <class T = Obj, class Fill>
+  std::shared_ptr<T> AddNew(Fill&& fill) {
+    auto obj = std::make_shared<T>();
+    RequireMaster(CollectionInfo().className);
     fill(*obj);
     Insert(obj);
     return obj;
   }
+};
+
+// A list QuickBooks only reads out (Templates, TaxCodes): GetAll is the only query, and
+// nothing can be added or committed.
+template <class Obj>
+class ReadOnlyListCollection : public ListCollection<Obj> {
+ public:
+  int32_t GetAll(const std::string& sMDBPath = "") { return this->ListGetAll(0, sMDBPath); }
+  int32_t GetActive(int32_t, const std::string& = "") = delete;
+  int32_t GetByNameRange(const std::string&, const std::string&, int32_t = 0, const std::string& = "") = delete;
+  int32_t GetByNameMatch(const std::string&, int32_t, int32_t = 0, const std::string& = "") = delete;
+  int32_t GetByDateSpan(Date, Date, int32_t = 0, const std::string& = "") = delete;
+  int32_t Commit(const std::shared_ptr<ListObject>&) = delete;
+
+ protected:
+  using ListCollection<Obj>::ListCollection;
 };
 
 }  // namespace tessaron

@@ -2,6 +2,9 @@
 // CustomerMessage): their records differ only in names, limits and messages.
 #pragma once
 
+#include <memory>
+#include <string>
+
 #include "tessaron/framework/list_collection.h"
 #include "tessaron/framework/list_object.h"
 
@@ -20,3 +23,23 @@ ListCollectionInfo CollectionInfo(const char* className, qoEnumListType listType
                                   qoEnumListObjectType objectType, const char* mirrorObjectName);
 
 }  // namespace tessaron::name_lists
+
+namespace tessaron {
+
+// The collection of a flat name list: Add takes the name and the active flag.
+template <class Obj>
+class FlatNameCollection : public ListCollection<Obj> {
+ public:
+  // A New record; master only; nothing is sent until Commit.
+  std::shared_ptr<Obj> Add(const std::string& Name = "", bool IsActive = true) {
+    return this->AddNew([&](Obj& obj) {
+      obj.SetNameInternal(Name);
+      obj.SetIsActiveInternal(IsActive);
+    });
+  }
+
+ protected:
+  using ListCollection<Obj>::ListCollection;
+};
+
+}  // namespace tessaron
