@@ -3,6 +3,7 @@
 #include "tessaron/foundation/enumerations.h"
 #include "tessaron/foundation/log_file.h"
 #include "tessaron/foundation/values.h"
+#include "tessaron/platform/error.h"
 #include "tessaron/platform/host_services.h"
 
 namespace tessaron {
@@ -27,7 +28,11 @@ void Load(LibraryState& s) {
   s.DBLog = std::make_shared<LogFile>();
   s.DBLog->SetMaxKB(100);
   s.DBLog->SetSource("ModAccess");
-  s.DBLog->SetLogPath(LibraryFolder() + "/TessaronDB.Log");
+  try {
+    s.DBLog->SetLogPath(LibraryFolder() + "/TessaronDB.Log");
+  } catch (const Error&) {
+    // Without its folder the mirror keeps no log; the load itself must not fail.
+  }
 }
 
 LibraryState& Loaded() {

@@ -32,12 +32,7 @@ std::shared_ptr<QCEnum> Enumerations::Item(const std::string& tableName) const {
   return col_.Item(std::string_view(tableName));
 }
 
-std::vector<std::shared_ptr<QCEnum>> Enumerations::NewEnum() const {
-  std::vector<std::shared_ptr<QCEnum>> all;
-  all.reserve(static_cast<size_t>(col_.Count()));
-  for (const auto& t : col_) all.push_back(t);
-  return all;
-}
+std::vector<std::shared_ptr<QCEnum>> Enumerations::NewEnum() const { return col_.Values(); }
 
 const QCEnum* Enumerations::Find(qoEnumerationType EnumCode) const noexcept {
   if (EnumCode < 1 || EnumCode > col_.Count()) return nullptr;

@@ -6,6 +6,7 @@
 #include <system_error>
 
 #include "tessaron/platform/date.h"
+#include "tessaron/platform/error.h"
 #include "tessaron/platform/host_services.h"
 
 namespace tessaron {
@@ -19,7 +20,8 @@ bool g_traceStarted = false;
 void LogFile::SetLogPath(const std::string& value) {
   if (!value.empty()) {
     std::error_code ec;
-    if (!std::filesystem::exists(value, ec)) std::ofstream(value, std::ios::app);
+    if (!std::filesystem::exists(value, ec) && !std::ofstream(value, std::ios::app))
+      RaisePlatform(platform_error::kPathNotFound);
   }
   logPath_ = value;
 }
@@ -46,7 +48,7 @@ void LogFile::LogEntry(int32_t StatusCode, const std::string& Description) {
 }
 
 Variant LogFile::Clear() {
-  if (!logPath_.empty()) std::ofstream(logPath_, std::ios::trunc);
+  if (!logPath_.empty() && !std::ofstream(logPath_, std::ios::trunc)) RaisePlatform(platform_error::kPathFileAccess);
   return Variant();
 }
 

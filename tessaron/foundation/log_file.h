@@ -1,7 +1,8 @@
 // The library's logs. LogFile is a size-limited, tab-separated log that rotates to one old
 // file (the database mirror keeps one, DBLog, and an application may keep its own); the
 // trace of the connection is one plain file that always holds the last process's lines.
-// A log never fails its caller: every file failure is dropped.
+// Writing a line never fails its caller: every file failure of LogEntry and WriteTraceLine
+// is dropped.
 #pragma once
 
 #include <cstdint>
@@ -21,14 +22,16 @@ class LogFile {
   const std::string& Source() const { return source_; }
   void SetSource(const std::string& value) { source_ = value; }
   // The file; empty means logging is off. Setting a path whose file does not exist
-  // creates the file empty.
+  // creates the file empty; when it cannot be created, path not found (76) is raised and
+  // the path is not stored.
   const std::string& LogPath() const { return logPath_; }
   void SetLogPath(const std::string& value);
 
   // Appends "yyyy-mm-dd hh:nn:ss<TAB>StatusCode<TAB>Source<TAB>Description", then rotates
   // when the file has grown past MaxKB. Does nothing without a LogPath.
   void LogEntry(int32_t StatusCode, const std::string& Description);
-  // Empties the file.
+  // Empties the file; a file that cannot be opened raises path/file access error (75).
+  // Without a LogPath there is nothing to empty.
   Variant Clear();
 
  private:

@@ -55,12 +55,7 @@ std::shared_ptr<qcEnumValue> QCEnum::ItemByCode(int16_t iCode) const {
   return nullptr;  // not reached: the row came from this table
 }
 
-std::vector<std::shared_ptr<qcEnumValue>> QCEnum::NewEnum() const {
-  std::vector<std::shared_ptr<qcEnumValue>> all;
-  all.reserve(static_cast<size_t>(col_.Count()));
-  for (const auto& v : col_) all.push_back(v);
-  return all;
-}
+std::vector<std::shared_ptr<qcEnumValue>> QCEnum::NewEnum() const { return col_.Values(); }
 
 const qcEnumValue* QCEnum::FindByCode(int32_t code) const noexcept {
   for (const auto& v : col_)

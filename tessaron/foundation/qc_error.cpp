@@ -15,14 +15,12 @@ std::shared_ptr<qcError> qcErrors::Add(int32_t Code, const std::string& sField, 
   return e;
 }
 
-std::shared_ptr<qcError> qcErrors::Item(const Variant& vntIndexKey) { return col_.Item(vntIndexKey); }
-
-std::vector<std::shared_ptr<qcError>> qcErrors::NewEnum() const {
-  std::vector<std::shared_ptr<qcError>> all;
-  all.reserve(static_cast<size_t>(col_.Count()));
-  for (const auto& e : col_) all.push_back(e);
-  return all;
+std::shared_ptr<qcError> qcErrors::Item(const Variant& vntIndexKey) const {
+  if (vntIndexKey.IsString()) return col_.Item(std::string_view(vntIndexKey.ToString()));
+  return col_.Item(static_cast<long>(vntIndexKey.ToInteger()));
 }
+
+std::vector<std::shared_ptr<qcError>> qcErrors::NewEnum() const { return col_.Values(); }
 
 int32_t qcErrors::AddObject(std::shared_ptr<qcError> oNew) {
   if (!oNew) RaisePlatform(platform_error::kObjectNotSet);

@@ -48,7 +48,7 @@ class qcErrors {
   }
   // By 1-based position or by key; a missing one raises subscript out of range (9) or
   // invalid argument (5).
-  std::shared_ptr<qcError> Item(const Variant& vntIndexKey);
+  std::shared_ptr<qcError> Item(const Variant& vntIndexKey) const;
   long Count() const { return col_.Count(); }
   // The records in insertion order (a snapshot, safe to keep while the set changes).
   std::vector<std::shared_ptr<qcError>> NewEnum() const;

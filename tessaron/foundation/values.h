@@ -13,6 +13,7 @@
 #include <string_view>
 #include <vector>
 
+#include "tessaron/foundation/enum_types.h"
 #include "tessaron/platform/currency.h"
 #include "tessaron/platform/date.h"
 #include "tessaron/platform/variant.h"
@@ -68,6 +69,8 @@ void DecodeEntitiesInArray(std::vector<std::string>& texts);
 
 // Removes every blank (" "); other white space stays. "Item Service" -> "ItemService".
 std::string RemoveSpaces(std::string_view text);
+inline std::string RemoveSpaces(const std::string& text) { return RemoveSpaces(std::string_view(text)); }
+inline std::string RemoveSpaces(const char* text) { return RemoveSpaces(std::string_view(text)); }
 // The same for a text value; any other value is returned unchanged.
 Variant RemoveSpaces(const Variant& value);
 
@@ -86,6 +89,11 @@ void RequireVersion(Currency minimum);
 // Clean one is gated and, when it passes, becomes Dirty; a Dirty one is gated; any other
 // state passes untouched. A refused change leaves the state as it was.
 void RequireVersionForChange(Currency minimum, int32_t& state);
+inline void RequireVersionForChange(Currency minimum, qoEnumObjectState& state) {
+  int32_t value = state;
+  RequireVersionForChange(minimum, value);
+  state = static_cast<qoEnumObjectState>(value);
+}
 
 // ---- Failures and diagnostics ----------------------------------------------------------
 

@@ -90,6 +90,13 @@ class Collection {
   const_iterator begin() const { return const_iterator(entries_.begin()); }
   const_iterator end() const { return const_iterator(entries_.end()); }
   const std::vector<Entry>& Entries() const { return entries_; }
+  // The values in insertion order, copied: safe to walk while the collection changes.
+  std::vector<T> Values() const {
+    std::vector<T> all;
+    all.reserve(entries_.size());
+    for (const auto& e : entries_) all.push_back(e.value);
+    return all;
+  }
 
  private:
   size_t Slot(long position) const {

@@ -177,6 +177,8 @@ TEST(DecodeEntitiesInArray, DecodesEveryElementInPlace) {
 TEST(RemoveSpaces, RemovesBlanksFromTextAndLeavesOtherValues) {
   EXPECT_EQ(RemoveSpaces(std::string_view(" Item  Service ")), "ItemService");
   EXPECT_EQ(RemoveSpaces(std::string_view("Tab\there")), "Tab\there");
+  EXPECT_EQ(RemoveSpaces(std::string("Job Type")), "JobType");
+  EXPECT_EQ(RemoveSpaces("Ship Method"), "ShipMethod");
   EXPECT_EQ(RemoveSpaces(Variant("Sales Tax Code")), Variant("SalesTaxCode"));
   EXPECT_EQ(RemoveSpaces(Variant(12)), Variant(12));
   EXPECT_TRUE(RemoveSpaces(Variant()).IsEmpty());
@@ -217,6 +219,13 @@ TEST_P(RequireVersionForChangeGate, GatesCleanAndDirtyObjectsOnly) {
   EXPECT_EQ(NumberRaised([&] { RequireVersionForChange(3, state); }), GetParam().raises ? 0x800403EDu : 0u);
   EXPECT_EQ(state, GetParam().stateAfter);
 }
+TEST_F(AtVersion, RequireVersionForChangeTakesATypedState) {
+  SetVersion("3.0");
+  qoEnumObjectState state = qoObjectStateClean;
+  RequireVersionForChange(3, state);
+  EXPECT_EQ(state, qoObjectStateDirty);
+}
+
 INSTANTIATE_TEST_SUITE_P(
     States, RequireVersionForChangeGate,
     ::testing::Values(GateCase{qoObjectStateNew, "0", false, qoObjectStateNew},
