@@ -21,14 +21,14 @@ const ListClassInfo& Template::Info() {
       const std::string text = node.text();
       auto& self = static_cast<Template&>(obj);
       try {
-        self.appliesTo_ = EnumXMLToCode(text, qoeLinkedTxnType);
+        self.appliesTo_ = EnumXMLToCode(text, qoeTxnType);
       } catch (const Error&) {
         self.appliesTo_ = 0;
       }
     };
     auto write = [](ListObject& obj, xmlBldr& b, WriteMode) {
       auto& self = static_cast<Template&>(obj);
-      if (self.appliesTo_ != 0) b.CreateElement("TemplateType", EnumCodeToXML(self.appliesTo_, qoeLinkedTxnType));
+      if (self.appliesTo_ != 0) b.CreateElement("TemplateType", EnumCodeToXML(self.appliesTo_, qoeTxnType));
     };
     i.fields = {C::ListID(),  C::TimeCreated(), C::TimeModified(), C::EditSequence(), C::Name(Send::Never),
                 C::IsActive(Send::Never), field::Custom("TemplateType", read, write)};

@@ -14,7 +14,7 @@ class Template final : public ListObject {
  public:
   Template();
 
-  // The kind of transaction the template is for, a qbEnumTxnType code ("TxnType" table);
+  // The kind of transaction the template is for, a qbEnumTxnType code ("Txn Types" table);
   // 0 for a kind the table does not hold (such as assembly builds).
   int32_t AppliesTo() const { return appliesTo_; }
   // These two are text here, as the date-time text of the record.
