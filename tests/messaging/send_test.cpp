@@ -241,6 +241,8 @@ TEST_F(Transcript, HoldsHeaderExchangesAndClosingTagWithProloguesRemoved) {
     b.NewSendRequest();
     request = qb.processor().LastRequest();
     response = ScriptedProcessor::Response("CustomerQueryRs", "", 1, "none");
+    EXPECT_TRUE(qb.processor().AllRequestsValid());
+    EXPECT_TRUE(testing::IsValidQbxml(response));
   }  // the end of the connection closes the transcript
   const std::string prologue =
       "<?xml version=\"1.0\" ?><!DOCTYPE QBXML PUBLIC '-//INTUIT//DTD QBXML QBD 2.0//EN' >";
