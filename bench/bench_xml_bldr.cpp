@@ -4,30 +4,11 @@
 // per element are printed at the end.
 #include <benchmark/benchmark.h>
 
-#include <atomic>
-#include <cstdio>
-#include <cstdlib>
-#include <map>
-#include <new>
 #include <string>
 
+#include "bench/bench_support.h"
 #include "tessaron/connection/library_state.h"
 #include "tessaron/messaging/xml_bldr.h"
-
-namespace {
-
-std::atomic<long> g_allocations{0};
-
-}  // namespace
-
-#pragma GCC diagnostic ignored "-Wmismatched-new-delete"
-void* operator new(std::size_t n) {
-  ++g_allocations;
-  if (void* p = std::malloc(n ? n : 1)) return p;
-  throw std::bad_alloc();
-}
-void operator delete(void* p) noexcept { std::free(p); }
-void operator delete(void* p, std::size_t) noexcept { std::free(p); }
 
 namespace {
 
@@ -65,40 +46,18 @@ void BM_BuildRequest(benchmark::State& state) {
   xmlBldr b;
   long allocations = 0;
   for (auto _ : state) {
-    long before = g_allocations;
+    long before = tessaron::bench::Allocations();
     b.Clear();
     for (int i = 0; i < kElements; ++i) b.CreateElement(kTags[i & 3], kValues[i & 3]);
     Variant text = b.GetXML();
     benchmark::DoNotOptimize(&text);
-    allocations += g_allocations - before;
+    allocations += tessaron::bench::Allocations() - before;
   }
   state.counters["allocs_per_element"] =
       static_cast<double>(allocations) / static_cast<double>(state.iterations()) / kElements;
 }
 BENCHMARK(BM_BuildRequest);
 
-class RatioReporter : public benchmark::ConsoleReporter {
- public:
-  void ReportRuns(const std::vector<Run>& runs) override {
-    for (const auto& r : runs) times_[r.benchmark_name()] = r.GetAdjustedRealTime();
-    ConsoleReporter::ReportRuns(runs);
-  }
-  void Finalize() override {
-    ConsoleReporter::Finalize();
-    if (times_["BM_Baseline"] > 0)
-      std::printf("BM_BuildRequest / baseline: %.2f\n", times_["BM_BuildRequest"] / times_["BM_Baseline"]);
-  }
-
- private:
-  std::map<std::string, double> times_;
-};
-
 }  // namespace
 
-int main(int argc, char** argv) {
-  benchmark::Initialize(&argc, argv);
-  RatioReporter reporter;
-  benchmark::RunSpecifiedBenchmarks(&reporter);
-  benchmark::Shutdown();
-  return 0;
-}
+int main(int argc, char** argv) { return tessaron::bench::RunWithRatios(argc, argv, "BM_Baseline"); }
