@@ -14,5 +14,6 @@ struct GlobalOptions {
 void AddCompanyCommand(CLI::App& app);
 void AddVersionCommand(CLI::App& app);
 void AddDemoCommand(CLI::App& app, const GlobalOptions& global);
+void AddListCommand(CLI::App& app, const GlobalOptions& global);
 
 }  // namespace tessaron::cli

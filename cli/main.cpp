@@ -13,6 +13,7 @@ int main(int argc, char** argv) {
   tessaron::cli::AddCompanyCommand(app);
   tessaron::cli::AddVersionCommand(app);
   tessaron::cli::AddDemoCommand(app, global);
+  tessaron::cli::AddListCommand(app, global);
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& e) {

@@ -252,6 +252,37 @@ void ListObject::WriteRows(xmlBldr& b, WriteMode mode) {
   }
 }
 
+// ---- Display ---------------------------------------------------------------------------
+
+std::vector<ListObject::PropertyText> ListObject::Properties() {
+  std::vector<PropertyText> out;
+  out.reserve(info_.fields.size());
+  for (const FieldDef& row : info_.fields) {
+    if (!row.inQuery) continue;
+    std::string_view name = row.property.empty() ? row.tag : row.property;
+    if (row.kind == FieldKind::Custom) {
+      out.push_back({name, row.text ? row.text(*this) : std::string(), row.kind});
+    } else if (row.kind == FieldKind::Ref) {
+      const auto& ref = At<std::shared_ptr<qcListObjectRef>>(*this, row.member);
+      out.push_back({name, ref ? ref->FullName() : std::string(), row.kind});
+    } else if (row.tag == "FullName") {
+      out.push_back({name, FullName(), row.kind});
+    } else if (row.kind == FieldKind::Boolean) {
+      out.push_back({name, At<bool>(*this, row.member) ? "true" : "false", row.kind});
+    } else if ((row.kind == FieldKind::Date || row.kind == FieldKind::DateTime) && At<Date>(*this, row.member) == 0) {
+      out.push_back({name, std::string(), row.kind});
+    } else if (row.kind == FieldKind::Amount || row.kind == FieldKind::Quantity || row.kind == FieldKind::Percent) {
+      out.push_back({name, At<Currency>(*this, row.member).ToString(), row.kind});
+    } else if (row.kind == FieldKind::Enum) {
+      const int32_t code = At<int32_t>(*this, row.member);
+      out.push_back({name, code == 0 ? std::string() : ValueText(row, *this, WriteMode::QueryRs), row.kind});
+    } else {
+      out.push_back({name, ValueText(row, *this, WriteMode::QueryRs), row.kind});
+    }
+  }
+  return out;
+}
+
 // ---- Validation ------------------------------------------------------------------------
 
 bool ListObject::Validate() {
@@ -289,7 +320,7 @@ FieldDef ListObject::Common::IsActive(Send add, Send mod) {
   return field::Boolean("IsActive", &ListObject::isActive_).Add(add).Mod(mod);
 }
 FieldDef ListObject::Common::ParentRef() {
-  return field::Ref("ParentRef", &ListObject::parentRef_, static_cast<qoEnumListType>(0)).Add(Send::IfSet);
+  return field::Ref("ParentRef", &ListObject::parentRef_, static_cast<qoEnumListType>(0)).Add(Send::IfSet).As("Parent");
 }
 FieldDef ListObject::Common::Sublevel() { return field::Int16("Sublevel", &ListObject::sublevel_); }
 

@@ -30,6 +30,7 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "tessaron/foundation/enum_types.h"
 #include "tessaron/framework/field_table.h"
@@ -81,6 +82,15 @@ class ListObject : public qcListObject {
   const std::shared_ptr<qcListObjectRef>& ParentRef() const { return parentRef_; }
 
   const ListClassInfo& ClassInfo() const { return info_; }
+
+  // The record as property name and display text, in the order of the field table: what
+  // a listing shows. References give the target's full name, FullName the computed one.
+  struct PropertyText {
+    std::string_view name;
+    std::string text;
+    FieldKind kind;
+  };
+  std::vector<PropertyText> Properties();
 
   // Rows for the common fields, in the form most classes use.
   struct Common {

@@ -19,7 +19,7 @@ const ListClassInfo& SalesRep::Info() {
     i.modifyMessage = "XMLModify not supported";
     i.fields = {C::ListID(), C::TimeCreated(), C::TimeModified(), C::EditSequence(),
                 field::Text("Initial", &SalesRep::initial_).Add(Send::IfSet), C::IsActive(),
-                field::Ref("SalesRepEntityRef", &SalesRep::entityRef_, qoListSalesRep).Add(Send::IfSet)};
+                field::Ref("SalesRepEntityRef", &SalesRep::entityRef_, qoListSalesRep).Add(Send::IfSet).As("Entity")};
     i.checks = {check::MaxLength(&SalesRep::initial_, "Initial", 5, err::kInitialsTooLong, err::kInitialsTooLongText),
                 check::Custom(&SalesRep::CheckEntity)};
     return i;

@@ -30,7 +30,7 @@ const ListClassInfo& SalesTaxCode::Info() {
     ListClassInfo i = CodeClass("SalesTaxCode", qoObjectTypeSalesTaxCode, qoListSalesTaxCodes);
     i.fields = {C::ListID(), C::TimeCreated(), C::TimeModified(), C::EditSequence(), C::Name(Send::Always),
                 C::IsActive(), field::Boolean("IsTaxable", &SalesTaxCode::isTaxable_).Add(Send::Always),
-                field::Text("Desc", &SalesTaxCode::desc_).Add(Send::IfSet)};
+                field::Text("Desc", &SalesTaxCode::desc_).Add(Send::IfSet).As("Description")};
     i.checks = CodeChecks(&SalesTaxCode::desc_);
     return i;
   }();

@@ -30,8 +30,12 @@ const ListClassInfo& Template::Info() {
       auto& self = static_cast<Template&>(obj);
       if (self.appliesTo_ != 0) b.CreateElement("TemplateType", EnumCodeToXML(self.appliesTo_, qoeTxnType));
     };
+    auto text = [](const ListObject& obj) {
+      const int32_t code = static_cast<const Template&>(obj).appliesTo_;
+      return code == 0 ? std::string() : EnumCodeToXML(code, qoeTxnType);
+    };
     i.fields = {C::ListID(),  C::TimeCreated(), C::TimeModified(), C::EditSequence(), C::Name(Send::Never),
-                C::IsActive(Send::Never), field::Custom("TemplateType", read, write)};
+                C::IsActive(Send::Never), field::Custom("TemplateType", read, write, text).As("AppliesTo")};
     return i;
   }();
   return info;

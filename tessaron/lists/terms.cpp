@@ -55,9 +55,9 @@ const ListClassInfo& StandardTerm::Info() {
     using C = ListObject::Common;
     ListClassInfo i = TermClass("StandardTerms", qoObjectTypeStandardTerms);
     i.fields = {C::ListID(), C::TimeCreated(), C::TimeModified(), C::EditSequence(), C::Name(Send::Always),
-                C::IsActive(), field::Int16("StdDueDays", &StandardTerm::dueDays_).Add(Send::IfPositive),
-                field::Int16("StdDiscountDays", &StandardTerm::discountDays_).Add(Send::IfPositive),
-                field::Percent("DiscountPct", &StandardTerm::discountPct_).Add(Send::IfPositive)};
+                C::IsActive(), field::Int16("StdDueDays", &StandardTerm::dueDays_).Add(Send::IfPositive).As("DueDays"),
+                field::Int16("StdDiscountDays", &StandardTerm::discountDays_).Add(Send::IfPositive).As("DiscountDays"),
+                field::Percent("DiscountPct", &StandardTerm::discountPct_).Add(Send::IfPositive).As("DiscountPercent")};
     return i;
   }();
   return info;
@@ -87,7 +87,7 @@ const ListClassInfo& DateDrivenTerm::Info() {
                 C::IsActive(), field::Int16("DayOfMonthDue", &DateDrivenTerm::dayOfMonthDue_).Add(Send::IfPositive),
                 field::Int16("DueNextMonthDays", &DateDrivenTerm::dueNextMonthDays_).Add(Send::IfPositive),
                 field::Int16("DiscountDayOfMonth", &DateDrivenTerm::discountDayOfMonth_).Add(Send::IfPositive),
-                field::Percent("DiscountPct", &DateDrivenTerm::discountPct_).Add(Send::IfPositive)};
+                field::Percent("DiscountPct", &DateDrivenTerm::discountPct_).Add(Send::IfPositive).As("DiscountPercent")};
     return i;
   }();
   return info;
