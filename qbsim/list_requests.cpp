@@ -102,7 +102,7 @@ Status ReadQuery(RequestContext& ctx, const pugi::xml_node& request, QueryReques
       auto v = Canonical(ValueType::Enum, text, kDoneStatus);
       if (!v || v->empty()) return status::BadValue("DoneStatus", text);
       q.doneStatus = *v;
-    } else if (tag == "OwnerID" || tag == "IncludeRetElement") {
+    } else if (tag == "OwnerID") {
       // No custom fields are on file, so there is nothing to add for an owner.
     } else if (ctx.Strict()) {
       return status::NotSupported("The element " + std::string(tag) + " in " + request.name());
