@@ -27,8 +27,8 @@ void RecordWriter::WriteRet(XmlOut& out, const ListKind& kind, const RecordRow& 
 
 void RecordWriter::WriteFields(XmlOut& out, std::span<const Field> fields, const RecordRow& row) {
   body_.Parse(row.body);
-  std::string prefix;
-  Write(out, fields, row, prefix);
+  path_.clear();
+  Write(out, fields, row, path_);
 }
 
 void RecordWriter::WriteRef(XmlOut& out, const char* tag, std::string_view listId) {
