@@ -223,4 +223,17 @@ struct ListClassInfo {
   std::vector<CheckDef> checks;
 };
 
+// The constant part of a class's info; the caller adds the key rule, fields and checks.
+inline ListClassInfo ClassOf(const char* className, qoEnumListObjectType objectType, qoEnumListType listType,
+                             ModifyRule modify = ModifyRule::Raise,
+                             const char* modifyMessage = "XMLModify not supported") {
+  ListClassInfo info;
+  info.className = className;
+  info.objectType = objectType;
+  info.listType = listType;
+  info.modify = modify;
+  info.modifyMessage = modifyMessage;
+  return info;
+}
+
 }  // namespace tessaron

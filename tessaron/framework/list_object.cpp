@@ -306,6 +306,12 @@ bool ListObject::Validate() {
 
 // ---- Common rows -----------------------------------------------------------------------
 
+std::vector<FieldDef> ListObject::Common::Rows(std::initializer_list<FieldDef> own) {
+  std::vector<FieldDef> rows{ListID(), TimeCreated(), TimeModified(), EditSequence()};
+  rows.insert(rows.end(), own.begin(), own.end());
+  return rows;
+}
+
 FieldDef ListObject::Common::ListID() { return field::Text("ListID", &ListObject::listID_).Mod(Send::Always); }
 FieldDef ListObject::Common::TimeCreated() { return field::DateTime("TimeCreated", &ListObject::timeCreated_); }
 FieldDef ListObject::Common::TimeModified() { return field::DateTime("TimeModified", &ListObject::timeModified_); }
