@@ -137,7 +137,7 @@ class xmlBldr {
   // raw text. The pieces stay and no status is read.
   std::string XMLSendToQB();
 
-  // Not members of the original interface; for tests and diagnostics.
+  // Beyond the builder's documented members; for tests and diagnostics.
   long PieceCount() const { return static_cast<long>(pieceEnds_.size()); }
   // The text assembled by the last GetXML or send.
   const std::string& AssembledText() const { return buffer_; }

@@ -1,5 +1,5 @@
 // What the library needs from its host system beyond the language: where its fixed
-// files live, and how it tells the user something when the original would show a window.
+// files live, and how it tells the user something that needs their attention.
 #pragma once
 
 #include <functional>
@@ -22,7 +22,7 @@ void SetQuickBooksIniPath(const std::string& path);  // empty restores the defau
 std::string LibraryFolder();
 void SetLibraryFolder(const std::string& path);
 
-// Where the original shows a modal window or a message box, the library calls the
+// Where the library must tell the user something (a missing component, say), it calls the
 // notification handler with a caption and a text. The default writes both to standard error.
 using NotifyHandler = std::function<void(const std::string& caption, const std::string& text)>;
 void SetNotifyHandler(NotifyHandler handler);  // an empty handler restores the default

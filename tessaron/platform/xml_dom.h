@@ -47,8 +47,8 @@ class XmlNode {
   XmlNode firstChild() const;
   XmlNode nextSibling() const;
   XmlNode parentNode() const;
-  // The first child element with this name, or the null node. Not a member of the
-  // original model; a convenience for callers that look elements up by name.
+  // The first child element with this name, or the null node; a convenience for callers
+  // that look elements up by name rather than walk by position.
   XmlNode child(std::string_view name) const;
   // True when this is an element named `name` (exact comparison of the local name).
   bool Is(std::string_view name) const { return !IsNull() && baseName() == name; }
