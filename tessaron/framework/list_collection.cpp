@@ -1,0 +1,415 @@
+#include "tessaron/framework/list_collection.h"
+
+#include <string_view>
+
+#include "tessaron/connection/library_state.h"
+#include "tessaron/foundation/enum_codes.h"
+#include "tessaron/foundation/enumerations.h"
+#include "tessaron/foundation/error_numbers.h"
+#include "tessaron/foundation/qc_error.h"
+#include "tessaron/foundation/values.h"
+#include "tessaron/framework/query_mirror.h"
+#include "tessaron/messaging/xml_bldr.h"
+#include "tessaron/platform/error.h"
+
+namespace tessaron {
+
+namespace {
+
+// The responses of a message: the children of QBXMLMsgsRs (document child 1 is QBXML,
+// child 0 the XML declaration).
+XmlNodeList Responses(const XmlDocument& doc) { return doc.childNodes().item(1).childNodes().item(0).childNodes(); }
+
+// The response attributes as the commit reads them: the element's text form split at
+// every double quote, relying on QuickBooks' attribute order (requestID, statusCode,
+// statusSeverity, statusMessage).
+struct ResponseStatus {
+  long requestId = 0;
+  int32_t code = 0;
+  std::string message;
+};
+
+ResponseStatus ReadResponseStatus(const XmlNode& node) {
+  const std::string text = node.xml();
+  std::vector<std::string_view> tokens;
+  size_t start = 0;
+  for (;;) {
+    size_t quote = text.find('"', start);
+    tokens.emplace_back(std::string_view(text).substr(start, quote == std::string::npos ? std::string::npos : quote - start));
+    if (quote == std::string::npos) break;
+    start = quote + 1;
+  }
+  auto token = [&](size_t i) { return i < tokens.size() ? std::string(tokens[i]) : std::string(); };
+  ResponseStatus status;
+  status.requestId = static_cast<long>(Variant(token(1)).ToInteger());
+  status.code = static_cast<int32_t>(Variant(token(3)).ToInteger());
+  status.message = token(7);
+  return status;
+}
+
+constexpr std::string_view kQuickBooksPrefix = "QuickBooks error message: ";
+
+}  // namespace
+
+ListCollectionBase::ListCollectionBase(const ListCollectionInfo& info)
+    : info_(info), mErrors_(std::make_shared<qcErrors>()) {}
+
+ListCollectionBase::~ListCollectionBase() = default;
+
+xmlBldr& ListCollectionBase::Bldr() {
+  if (!mBldr_) mBldr_ = std::make_unique<xmlBldr>();
+  return *mBldr_;
+}
+
+std::shared_ptr<qcErrors> ListCollectionBase::Errors() {
+  if (!mErrors_) mErrors_ = std::make_shared<qcErrors>();
+  return mErrors_;
+}
+
+std::vector<std::shared_ptr<qcListObject>> ListCollectionBase::NewEnum() const {
+  std::vector<std::shared_ptr<qcListObject>> out;
+  out.reserve(static_cast<size_t>(mCol_.Count()));
+  for (const auto& obj : mCol_) out.push_back(obj);
+  return out;
+}
+
+std::shared_ptr<ListObject> ListCollectionBase::ItemBase(const Variant& vKey) const {
+  return const_cast<Collection<std::shared_ptr<ListObject>>&>(mCol_).Item(vKey);
+}
+
+bool ListCollectionBase::ItemExists(const Variant& vntIndexKey) const {
+  try {
+    (void)ItemBase(vntIndexKey);
+    return true;
+  } catch (const Error&) {
+    return false;
+  }
+}
+
+void ListCollectionBase::RequireMaster(const char* source) const {
+  if (!mMaster_) throw Error(err::kMasterOnly, source, err::kMasterOnlyText);
+}
+
+void ListCollectionBase::Insert(const std::shared_ptr<ListObject>& obj) {
+  mCol_.Add(obj, obj->CollectionKey());
+  obj->ResetToNew();
+  const std::string parent = obj->Parent();
+  if (parent.empty()) return;
+  // A parent that is not loaded simply does not learn of its new child.
+  try {
+    if (auto children = ItemBase(Variant(parent))->Children()) children->Add(obj->FullName(), info_.listType, "");
+  } catch (const Error&) {
+  }
+}
+
+void ListCollectionBase::AddParsed(const std::shared_ptr<ListObject>& obj, long) {
+  mCol_.Add(obj, obj->CollectionKey());
+}
+
+// ---- Queries -----------------------------------------------------------------------------
+
+int32_t ListCollectionBase::ListGetAll(int32_t MaxReturned, const std::string& sMDBPath) {
+  return StatusQuery(info_.queryRequest, info_.readOnly ? 0 : qbStatusAny, MaxReturned, sMDBPath);
+}
+
+int32_t ListCollectionBase::ListGetActive(int32_t MaxReturned, const std::string& sMDBPath) {
+  return StatusQuery(info_.queryRequest, info_.readOnly ? 0 : qbStatusActive, MaxReturned, sMDBPath);
+}
+
+int32_t ListCollectionBase::StatusQuery(const std::string& request, int32_t status, int32_t MaxReturned,
+                                        const std::string& sMDBPath) {
+  if (info_.handBuiltStatusQuery) {
+    Clear();
+    return RunQuery(request, MaxReturned, sMDBPath, [&](xmlBldr& b) {
+      if (status != 0) b.CreateElement("ActiveStatus", EnumCodeToDescription(status, qoeActiveStatus));
+    });
+  }
+  Clear();
+  Errors()->Clear();
+  Bldr().Clear();
+  // The single-key query accepts MaxRows and drops it: these collections always return
+  // every record.
+  XmlDocument doc = status == 0 ? Bldr().QueryFullTableExecute(request, MaxReturned)
+                                : Bldr().QuerySingleExecute(request, EnumCodeToDescription(status, qoeActiveStatus),
+                                                            "ActiveStatus", MaxReturned, info_.queryObjectType, "",
+                                                            mIncludeDataExt_);
+  return AfterSend(doc, sMDBPath);
+}
+
+int32_t ListCollectionBase::RunQuery(const std::string& request, int32_t MaxReturned, const std::string& sMDBPath,
+                                     const std::function<void(xmlBldr&)>& filter) {
+  Errors()->Clear();
+  xmlBldr& b = Bldr();
+  b.NewClear();
+  b.OpenAggregateOnly(request);
+  if (MaxReturned > 0) b.CreateElement("MaxReturned", std::to_string(MaxReturned));
+  if (filter) filter(b);
+  b.AddDataExtTag(mIncludeDataExt_, info_.queryObjectType);
+  b.EndAggregate(request);
+  XmlDocument doc = b.NewSendRequest();
+  return AfterSend(doc, sMDBPath);
+}
+
+int32_t ListCollectionBase::AfterSend(const XmlDocument& doc, const std::string& sMDBPath) {
+  xmlBldr& b = Bldr();
+  if (b.ErrNumber() != 0) {
+    Errors()->Add(b.ErrNumber(), "", b.ErrMsg());
+    return static_cast<int32_t>(Count());
+  }
+  XmlNode queryRs = Responses(doc).item(0);
+  if (!sMDBPath.empty()) {
+    HandToMirror(queryRs, sMDBPath, info_.mirrorObjectName);
+    return static_cast<int32_t>(Count());
+  }
+  Parse(queryRs);
+  return static_cast<int32_t>(Count());
+}
+
+void ListCollectionBase::Parse(const XmlNode& queryRs) {
+  // The records replace what the collection held; uncommitted objects are forgotten.
+  Clear();
+  XmlNodeList records = queryRs.childNodes();
+  const long count = records.length();
+  mCol_.Reserve(static_cast<size_t>(count));
+  for (long i = 0; i < count; ++i) {
+    XmlNode record = records.item(i);
+    std::shared_ptr<ListObject> obj = NewObject(record);
+    obj->FromDom(record);
+    AddParsed(obj, i + 1);
+  }
+  // The parent links, once the whole list is there; a parent that was not returned gets none.
+  for (const auto& obj : mCol_) {
+    const std::string parent = obj->Parent();
+    if (parent.empty() || !mCol_.Exists(parent)) continue;
+    if (auto children = mCol_.Item(std::string_view(parent))->Children())
+      children->Add(obj->FullName(), info_.listType, "");
+  }
+}
+
+int32_t ListCollectionBase::GetByNameRange(const std::string& FromName, const std::string& ToName,
+                                           int32_t MaxReturned, const std::string& sMDBPath) {
+  return RunQuery(info_.queryRequest, MaxReturned, sMDBPath, [&](xmlBldr& b) {
+    b.OpenAggregateOnly("NameRangeFilter");
+    b.CreateElement("FromName", FromName);
+    b.CreateElement("ToName", ToName);
+    b.EndAggregate("NameRangeFilter");
+  });
+}
+
+int32_t ListCollectionBase::GetByNameMatch(const std::string& MatchString, int32_t MatchType, int32_t MaxReturned,
+                                           const std::string& sMDBPath) {
+  const std::string& criterion = EnumCodeToXML(MatchType, qoeMatchType);
+  return RunQuery(info_.queryRequest, MaxReturned, sMDBPath, [&](xmlBldr& b) {
+    b.OpenAggregateOnly("NameFilter");
+    b.CreateElement("MatchCriterion", criterion);
+    b.CreateElement("Name", MatchString);
+    b.EndAggregate("NameFilter");
+  });
+}
+
+int32_t ListCollectionBase::GetByDateSpan(Date FromDate, Date ToDate, int32_t MaxReturned,
+                                          const std::string& sMDBPath) {
+  // An end of 0 is left open: "None" is no date-time QuickBooks would take.
+  return RunQuery(info_.queryRequest, MaxReturned, sMDBPath, [&](xmlBldr& b) {
+    if (FromDate != 0) b.CreateElement("FromModifiedDate", DateTimeToText(FromDate));
+    if (ToDate != 0) b.CreateElement("ToModifiedDate", DateTimeToText(ToDate));
+  });
+}
+
+std::shared_ptr<ListObject> ListCollectionBase::FindByFullName(const std::string& sFullName,
+                                                               const std::string& sMDBPath,
+                                                               const std::string& request) {
+  if (sFullName.empty()) return nullptr;
+  Bldr().Clear();
+  Errors()->Clear();
+  const Variant key(sFullName);
+  if (ItemExists(key)) return ItemBase(key);
+  XmlDocument doc = Bldr().QuerySingleExecute(request.empty() ? info_.queryRequest : request, sFullName, "FullName",
+                                              0, info_.queryObjectType, "", mIncludeDataExt_);
+  if (Bldr().ErrNumber() != 0) {
+    Errors()->Add(Bldr().ErrNumber(), "", Bldr().ErrMsg());
+    return nullptr;
+  }
+  XmlNode queryRs = Responses(doc).item(0);
+  if (!sMDBPath.empty()) {
+    HandToMirror(queryRs, sMDBPath, info_.mirrorObjectName);
+    return nullptr;
+  }
+  XmlNode record = queryRs.childNodes().item(0);
+  if (record.IsNull()) return nullptr;  // "no match" (status 1) counts as success and has no record
+  std::shared_ptr<ListObject> obj = NewObject(record);
+  obj->FromDom(record);
+  AddParsed(obj, Count() + 1);
+  return obj;
+}
+
+std::shared_ptr<ListObject> ListCollectionBase::FindByListID(const std::string& sListID, const std::string& sMDBPath,
+                                                             const std::string& request) {
+  if (sListID.empty()) return nullptr;
+  Bldr().Clear();
+  Errors()->Clear();
+  for (const auto& obj : mCol_)
+    if (obj->ListID() == sListID) return obj;
+  XmlDocument doc = Bldr().QuerySingleExecute(request.empty() ? info_.queryRequest : request, sListID, "ListID", 0,
+                                              info_.queryObjectType, "", mIncludeDataExt_);
+  if (Bldr().ErrNumber() != 0) {
+    Errors()->Add(Bldr().ErrNumber(), "", Bldr().ErrMsg());
+    return nullptr;
+  }
+  XmlNode queryRs = Responses(doc).item(0);
+  if (!sMDBPath.empty()) {
+    HandToMirror(queryRs, sMDBPath, info_.mirrorObjectName);
+    return nullptr;
+  }
+  XmlNode record = queryRs.childNodes().item(0);
+  if (record.IsNull()) return nullptr;
+  std::shared_ptr<ListObject> obj = NewObject(record);
+  obj->FromDom(record);
+  AddParsed(obj, Count() + 1);
+  return obj;
+}
+
+// ---- Delete ------------------------------------------------------------------------------
+
+int32_t ListCollectionBase::Delete(const std::string& ListID, bool bRemove) {
+  const std::string& delType = EnumCodeToDescription(info_.queryObjectType, qoeObjectType);
+  return DeleteRecord(ListID, bRemove, delType, info_.className);
+}
+
+int32_t ListCollectionBase::DeleteRecord(const std::string& ListID, bool bRemove, const std::string& delType,
+                                         const char* source) {
+  // A failed look-up does not stop the delete; it only means nothing is removed locally.
+  std::shared_ptr<ListObject> obj = FindByListID(ListID, "");
+  const std::string key = obj ? obj->CollectionKey() : std::string();
+  const bool held = obj && ItemExists(Variant(key));
+  xmlBldr& b = Bldr();
+  b.NewClear();
+  b.OpenAggregate("ListDelRq", "requestID", "1");
+  b.CreateElement("ListDelType", delType);
+  b.CreateElement("ListID", ListID);
+  b.EndAggregate("ListDelRq");
+  b.NewSendRequest();
+  if (b.ErrNumber() != 0) throw Error(err::kBuilderStatus, source, b.ErrMsg());
+  if (bRemove && held) Remove(Variant(key));
+  return 0;
+}
+
+// ---- Commit ------------------------------------------------------------------------------
+
+bool ListCollectionBase::Validate() {
+  auto errors = Errors();
+  errors->Clear();
+  bool all = true;
+  for (long i = 1; i <= mCol_.Count(); ++i) {
+    std::shared_ptr<ListObject> obj = mCol_.Item(i);
+    if (!obj->Validate()) {
+      all = false;
+      errors->Add(err::kValidateFailed, obj->CollectionKey(), err::kValidateFailedText);
+    }
+  }
+  return all;
+}
+
+int32_t ListCollectionBase::Commit(const std::shared_ptr<ListObject>& Member) {
+  RequireMaster(info_.className);
+  auto errors = Errors();
+  errors->Clear();
+  // The commit writes into a builder of its own: a parent check in Validate may send a
+  // query through the collection's builder while the message is being written.
+  xmlBldr commitBldr;
+  commitBldr.NewClear();
+  int added = 0;
+  if (!Member) {
+    // Count is read on every step: a parent check may append the parent, which is Clean.
+    for (long i = 1; i <= mCol_.Count(); ++i) {
+      std::shared_ptr<ListObject> obj = mCol_.Item(i);
+      if (obj->Validate()) {
+        RequestStep(commitBldr, *obj, static_cast<int16_t>(i), added);
+      } else {
+        errors->Add(err::kValidateFailed, obj->CollectionKey(), err::kValidateFailedText);
+      }
+    }
+  } else if (!Member->Validate()) {
+    errors->Add(err::kValidateFailed, "0", err::kValidateFailedText);
+  } else {
+    long position = 0;
+    for (long i = 1; i <= mCol_.Count() && position == 0; ++i)
+      if (mCol_.Item(i) == Member) position = i;
+    if (position == 0) errors->Add(err::kNotAMember, info_.className, err::kNotAMemberText);
+    else RequestStep(commitBldr, *Member, static_cast<int16_t>(position), added);
+  }
+
+  if (added > 0) {
+    XmlDocument doc = commitBldr.NewSendRequest();
+    XmlNodeList responses = Responses(doc);
+    // Every response finds its object by position before any of them is re-keyed, since
+    // a re-key moves an object to the end of the collection.
+    std::vector<std::pair<XmlNode, std::shared_ptr<ListObject>>> matched;
+    const long count = responses.length();
+    for (long i = 0; i < count; ++i) {
+      XmlNode node = responses.item(i);
+      matched.emplace_back(node, mCol_.Item(ReadResponseStatus(node).requestId));
+    }
+    for (auto& [node, obj] : matched) ResponseStep(node, obj);
+  }
+  OnCommitEnd(Member);
+
+  if (State().ErrorMode) {
+    if (errors->Count() > 0) throw Error(err::kCommitErrors, info_.className, err::kCommitErrorsText);
+    if (commitBldr.ErrNumber() != 0) throw Error(commitBldr.ErrNumber(), info_.className, commitBldr.ErrMsg());
+  }
+  return static_cast<int32_t>(errors->Count());
+}
+
+void ListCollectionBase::RequestStep(xmlBldr& b, ListObject& obj, int16_t requestId, int& added) {
+  switch (obj.ObjectState()) {
+    case qoObjectStateNew:
+      b.InsertAddRq(obj, requestId);
+      ++added;
+      return;
+    case qoObjectStateClean:
+      if (obj.ModifyWhileClean()) {
+        b.InsertModRq(obj, requestId);
+        ++added;
+      }
+      return;
+    case qoObjectStateDirty:
+      if (info_.dirty == DirtyStep::Refuse) RaiseInternal(info_.className, "Modify not allowed");
+      b.InsertModRq(obj, requestId);
+      ++added;
+      return;
+  }
+  RaiseInternal(info_.className, "Unknown Object State");
+}
+
+int32_t ListCollectionBase::ResponseStep(const XmlNode& node, const std::shared_ptr<ListObject>& obj) {
+  ResponseStatus status = ReadResponseStatus(node);
+  const bool strip = std::string_view(info_.commitErrorField) == "QuickBooks: ";
+  if (size_t at = status.message.find(kQuickBooksPrefix); strip && at != std::string::npos)
+    status.message.erase(0, at + kQuickBooksPrefix.size());
+  OnResponseStart(*obj);
+  if (status.code != 0) {
+    Errors()->Add(err::kCommitFailed, obj->CollectionKey(), err::kCommitFailedText);
+    if (status.code == 3100) {
+      obj->Errors()->Add(err::kDuplicateName, "Name", err::kDuplicateNameText);
+    } else if (status.code == 3180 && info_.status3180) {
+      obj->Errors()->Add(err::kDuplicateInItemList, "QuickBooks",
+                         "There was an error when saving this Items list.  The name of this list element is already "
+                         "in use.");
+    } else {
+      obj->Errors()->Add(err::kDatabaseOpenFailed, info_.commitErrorField, status.message);
+    }
+    return status.code;
+  }
+  const bool wasNew = obj->ObjectState() == qoObjectStateNew;
+  const std::string oldKey = wasNew && info_.rekeyNewOnResponse ? obj->CollectionKey() : std::string();
+  obj->FromDom(node.childNodes().item(0));
+  if (wasNew && info_.rekeyNewOnResponse) {
+    mCol_.Remove(Variant(oldKey));
+    mCol_.Add(obj, obj->CollectionKey());
+  }
+  OnCommitted(obj);
+  return status.code;
+}
+
+}  // namespace tessaron

@@ -1,0 +1,49 @@
+#include "tessaron/lists/name_list_tables.h"
+
+#include "tessaron/foundation/error_numbers.h"
+
+namespace tessaron::name_lists {
+
+ListClassInfo TreeInfo(const char* className, qoEnumListObjectType objectType, qoEnumListType listType) {
+  using C = ListObject::Common;
+  ListClassInfo info;
+  info.className = className;
+  info.objectType = objectType;
+  info.listType = listType;
+  info.supportsChildren = true;
+  info.key = KeyRule::TreeFullName;
+  info.modify = ModifyRule::Raise;
+  info.modifyMessage = "XMLModify not allowed";
+  info.fields = {C::ListID(),   C::TimeCreated(),    C::TimeModified(), C::EditSequence(), C::Name(Send::Always),
+                 C::FullName(), C::IsActive(),       C::ParentRef(),    C::Sublevel()};
+  info.checks = {C::NameCheck(31, err::kNameTooLong, err::kNameTooLongText), C::ParentCheck()};
+  return info;
+}
+
+ListClassInfo FlatInfo(const char* className, qoEnumListObjectType objectType, qoEnumListType listType, Send nameAdd,
+                       CheckDef nameCheck) {
+  using C = ListObject::Common;
+  ListClassInfo info;
+  info.className = className;
+  info.objectType = objectType;
+  info.listType = listType;
+  info.modify = ModifyRule::Raise;
+  info.modifyMessage = "Modify not allowed";
+  info.fields = {C::ListID(), C::TimeCreated(), C::TimeModified(), C::EditSequence(), C::Name(nameAdd), C::IsActive()};
+  info.checks = {nameCheck};
+  return info;
+}
+
+ListCollectionInfo CollectionInfo(const char* className, qoEnumListType listType, const char* queryRequest,
+                                  qoEnumListObjectType objectType, const char* mirrorObjectName) {
+  ListCollectionInfo info;
+  info.className = className;
+  info.listType = listType;
+  info.queryRequest = queryRequest;
+  info.queryObjectType = objectType;
+  info.mirrorObjectName = mirrorObjectName;
+  info.dirty = DirtyStep::Refuse;
+  return info;
+}
+
+}  // namespace tessaron::name_lists
