@@ -72,7 +72,8 @@ constexpr const char* kDisplayQBFormSource = "tessaron:QBConnection:DisplayQBFor
 QBConnection::QBConnection() { State(); }
 
 QBConnection::~QBConnection() {
-  // Every step on its own: a failure of one does not keep the next from running.
+  // Every step on its own: a failure of one (a null processor included) does not keep the
+  // next from running.
   LibraryState& state = State();
   auto ignoring = [](auto&& step) {
     try {
@@ -80,14 +81,13 @@ QBConnection::~QBConnection() {
     } catch (...) {
     }
   };
-  if (!state.SessionTicket.empty()) {
-    ignoring([&] { state.RequestProcessor->EndSession(state.SessionTicket); });
-    ignoring([&] { state.RequestProcessor->CloseConnection(); });
-  }
-  if (!state.SecondaryTicket.empty()) {
-    ignoring([&] { state.SecondaryProcessor->EndSession(state.SecondaryTicket); });
-    ignoring([&] { state.SecondaryProcessor->CloseConnection(); });
-  }
+  auto endSession = [&](const std::shared_ptr<RequestProcessor>& processor, const std::string& ticket) {
+    if (ticket.empty() || !processor) return;
+    ignoring([&] { processor->EndSession(ticket); });
+    ignoring([&] { processor->CloseConnection(); });
+  };
+  endSession(state.RequestProcessor, state.SessionTicket);
+  endSession(state.SecondaryProcessor, state.SecondaryTicket);
   ignoring([] { CloseTranscript(); });
   state.CurrentCompany = nullptr;
 }
