@@ -85,6 +85,13 @@ struct FieldDef {
 namespace field {
 
 namespace detail {
+inline FieldDef Row(std::string_view tag, FieldKind kind, FieldMember member) {
+  FieldDef f;
+  f.tag = tag;
+  f.kind = kind;
+  f.member = member;
+  return f;
+}
 template <class T, class O>
 FieldMember Member(T O::*m) {
   static_assert(std::is_base_of_v<ListObject, O>, "fields belong to list classes");
@@ -93,42 +100,42 @@ FieldMember Member(T O::*m) {
 }  // namespace detail
 
 template <class O>
-FieldDef Text(std::string_view tag, std::string O::*m) { return {tag, FieldKind::Text, detail::Member(m)}; }
+FieldDef Text(std::string_view tag, std::string O::*m) { return detail::Row(tag, FieldKind::Text, detail::Member(m)); }
 template <class O>
-FieldDef Boolean(std::string_view tag, bool O::*m) { return {tag, FieldKind::Boolean, detail::Member(m)}; }
+FieldDef Boolean(std::string_view tag, bool O::*m) { return detail::Row(tag, FieldKind::Boolean, detail::Member(m)); }
 template <class O>
-FieldDef Int16(std::string_view tag, int16_t O::*m) { return {tag, FieldKind::Int16, detail::Member(m)}; }
+FieldDef Int16(std::string_view tag, int16_t O::*m) { return detail::Row(tag, FieldKind::Int16, detail::Member(m)); }
 template <class O>
-FieldDef DateTime(std::string_view tag, Date O::*m) { return {tag, FieldKind::DateTime, detail::Member(m)}; }
+FieldDef DateTime(std::string_view tag, Date O::*m) { return detail::Row(tag, FieldKind::DateTime, detail::Member(m)); }
 template <class O>
-FieldDef DateOnly(std::string_view tag, Date O::*m) { return {tag, FieldKind::Date, detail::Member(m)}; }
+FieldDef DateOnly(std::string_view tag, Date O::*m) { return detail::Row(tag, FieldKind::Date, detail::Member(m)); }
 template <class O>
-FieldDef Amount(std::string_view tag, Currency O::*m) { return {tag, FieldKind::Amount, detail::Member(m)}; }
+FieldDef Amount(std::string_view tag, Currency O::*m) { return detail::Row(tag, FieldKind::Amount, detail::Member(m)); }
 template <class O>
-FieldDef Quantity(std::string_view tag, Currency O::*m) { return {tag, FieldKind::Quantity, detail::Member(m)}; }
+FieldDef Quantity(std::string_view tag, Currency O::*m) { return detail::Row(tag, FieldKind::Quantity, detail::Member(m)); }
 template <class O>
-FieldDef Percent(std::string_view tag, Currency O::*m) { return {tag, FieldKind::Percent, detail::Member(m)}; }
+FieldDef Percent(std::string_view tag, Currency O::*m) { return detail::Row(tag, FieldKind::Percent, detail::Member(m)); }
 template <class O>
 FieldDef Ref(std::string_view tag, std::shared_ptr<qcListObjectRef> O::*m, qoEnumListType list) {
-  FieldDef f{tag, FieldKind::Ref, detail::Member(m)};
+  FieldDef f = detail::Row(tag, FieldKind::Ref, detail::Member(m));
   f.aux = list;
   return f;
 }
 // `table` is the qoEnumerationType of the enumeration.
 template <class O>
 FieldDef Enum(std::string_view tag, int32_t O::*m, int32_t table) {
-  FieldDef f{tag, FieldKind::Enum, detail::Member(m)};
+  FieldDef f = detail::Row(tag, FieldKind::Enum, detail::Member(m));
   f.aux = table;
   return f;
 }
 inline FieldDef Dropped(std::string_view tag) {
-  FieldDef f{tag, FieldKind::Dropped, {}};
+  FieldDef f = detail::Row(tag, FieldKind::Dropped, {});
   f.inQuery = false;
   return f;
 }
 inline FieldDef Custom(std::string_view tag, void (*read)(ListObject&, const XmlNode&),
                        void (*write)(ListObject&, xmlBldr&, WriteMode)) {
-  FieldDef f{tag, FieldKind::Custom, {}};
+  FieldDef f = detail::Row(tag, FieldKind::Custom, {});
   f.read = read;
   f.write = write;
   return f;
@@ -155,11 +162,19 @@ namespace check {
 template <class O>
 CheckDef Required(std::string O::*m, const char* field, uint32_t emptyCode, const char* emptyMessage,
                   size_t maxLength, uint32_t longCode, const char* longMessage) {
-  return {static_cast<std::string ListObject::*>(m), field, emptyCode, emptyMessage, maxLength, longCode, longMessage};
+  CheckDef c;
+  c.member = static_cast<std::string ListObject::*>(m);
+  c.field = field;
+  c.emptyCode = emptyCode;
+  c.emptyMessage = emptyMessage;
+  c.maxLength = maxLength;
+  c.longCode = longCode;
+  c.longMessage = longMessage;
+  return c;
 }
 template <class O>
 CheckDef MaxLength(std::string O::*m, const char* field, size_t maxLength, uint32_t longCode, const char* longMessage) {
-  return {static_cast<std::string ListObject::*>(m), field, 0, "", maxLength, longCode, longMessage};
+  return Required(m, field, 0, "", maxLength, longCode, longMessage);
 }
 inline CheckDef Custom(void (*fn)(ListObject&, qcErrors&)) {
   CheckDef c;

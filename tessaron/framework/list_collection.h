@@ -161,7 +161,7 @@ class ListCollectionBase : public qcList {
   void RequestStep(xmlBldr& b, ListObject& obj, int16_t requestId, int& added);
   int32_t ResponseStep(const XmlNode& node, const std::shared_ptr<ListObject>& obj);
 
-  const ListCollectionInfo& info_;
+  const ListCollectionInfo info_;  // a few words; each instance keeps its copy
   Collection<std::shared_ptr<ListObject>> mCol_;
   bool mMaster_ = false;
   std::unique_ptr<xmlBldr> mBldr_;
@@ -204,7 +204,7 @@ class ListCollection : public ListCollectionBase {
   using ListCollectionBase::ListCollectionBase;
 
   std::shared_ptr<ListObject> NewObject(const XmlNode&) override {
-    if constexpr (std::is_abstract_v<Obj>) {
+    if constexpr (!std::is_default_constructible_v<Obj>) {
       return nullptr;  // collections of several kinds choose by the element's name
     } else {
       return std::make_shared<Obj>();

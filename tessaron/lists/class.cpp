@@ -11,11 +11,9 @@ const ListClassInfo& TreeClass(const char* name, qoEnumListObjectType objectType
   static const ListClassInfo info = name_lists::TreeInfo(name, objectType, listType);
   return info;
 }
-template <class Obj>
-const ListCollectionInfo& TreeList(const char* name, qoEnumListType listType, const char* request,
-                                   qoEnumListObjectType objectType) {
-  static const ListCollectionInfo info = name_lists::CollectionInfo(name, listType, request, objectType, name);
-  return info;
+ListCollectionInfo TreeList(const char* name, qoEnumListType listType, const char* request,
+                            qoEnumListObjectType objectType) {
+  return name_lists::CollectionInfo(name, listType, request, objectType, name);
 }
 }  // namespace
 
@@ -27,14 +25,14 @@ VendorType::VendorType()
     : ListObject(TreeClass<VendorType>("VendorType", qoObjectTypeVendorType, qoListVendorTypes)) {}
 
 Classes::Classes()
-    : TreeNameCollection<Class>(TreeList<Class>("Class", qoListClasses, "ClassQueryRq", qoObjectTypeClass)) {}
+    : TreeNameCollection<Class>(TreeList("Class", qoListClasses, "ClassQueryRq", qoObjectTypeClass)) {}
 CustomerTypes::CustomerTypes()
-    : TreeNameCollection<CustomerType>(TreeList<CustomerType>("CustomerType", qoListCustomerTypes,
+    : TreeNameCollection<CustomerType>(TreeList("CustomerType", qoListCustomerTypes,
                                                               "CustomerTypeQueryRq", qoObjectTypeCustomerType)) {}
 JobTypes::JobTypes()
-    : TreeNameCollection<JobType>(TreeList<JobType>("JobType", qoListJobTypes, "JobTypeQueryRq", qoObjectTypeJobType)) {}
+    : TreeNameCollection<JobType>(TreeList("JobType", qoListJobTypes, "JobTypeQueryRq", qoObjectTypeJobType)) {}
 VendorTypes::VendorTypes()
     : TreeNameCollection<VendorType>(
-          TreeList<VendorType>("VendorType", qoListVendorTypes, "VendorTypeQueryRq", qoObjectTypeVendorType)) {}
+          TreeList("VendorType", qoListVendorTypes, "VendorTypeQueryRq", qoObjectTypeVendorType)) {}
 
 }  // namespace tessaron

@@ -11,10 +11,9 @@ const ListClassInfo& MessageClass() {
       ListObject::Common::NameCheck(101, err::kMessageTooLong, err::kMessageTooLongText));
   return info;
 }
-const ListCollectionInfo& MessageList() {
-  static const ListCollectionInfo info = name_lists::CollectionInfo(
-      "CustomerMessage", qoListCustomerMessages, "CustomerMsgQueryRq", qoObjectTypeCustomerMsg, "CustomerMsg");
-  return info;
+ListCollectionInfo MessageList() {
+  return name_lists::CollectionInfo("CustomerMessage", qoListCustomerMessages, "CustomerMsgQueryRq",
+                                    qoObjectTypeCustomerMsg, "CustomerMsg");
 }
 }  // namespace
 

@@ -46,4 +46,10 @@ ListCollectionInfo CollectionInfo(const char* className, qoEnumListType listType
   return info;
 }
 
+ListCollectionInfo ReadOnlyInfo(const char* className, const char* queryRequest, qoEnumListObjectType objectType) {
+  ListCollectionInfo info = CollectionInfo(className, static_cast<qoEnumListType>(0), queryRequest, objectType, className);
+  info.readOnly = true;
+  return info;
+}
+
 }  // namespace tessaron::name_lists

@@ -22,6 +22,9 @@ ListClassInfo FlatInfo(const char* className, qoEnumListObjectType objectType, q
 ListCollectionInfo CollectionInfo(const char* className, qoEnumListType listType, const char* queryRequest,
                                   qoEnumListObjectType objectType, const char* mirrorObjectName);
 
+// The collection of a list QuickBooks only reads out: no status in GetAll, no commit.
+ListCollectionInfo ReadOnlyInfo(const char* className, const char* queryRequest, qoEnumListObjectType objectType);
+
 }  // namespace tessaron::name_lists
 
 namespace tessaron {

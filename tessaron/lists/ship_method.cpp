@@ -12,11 +12,9 @@ const ListClassInfo& FlatClass(const char* name, qoEnumListObjectType objectType
       ListObject::Common::NameCheck(31, err::kNameTooLong, err::kNameTooLongText));
   return info;
 }
-template <class Obj>
-const ListCollectionInfo& FlatList(const char* name, qoEnumListType listType, const char* request,
-                                   qoEnumListObjectType objectType) {
-  static const ListCollectionInfo info = name_lists::CollectionInfo(name, listType, request, objectType, name);
-  return info;
+ListCollectionInfo FlatList(const char* name, qoEnumListType listType, const char* request,
+                            qoEnumListObjectType objectType) {
+  return name_lists::CollectionInfo(name, listType, request, objectType, name);
 }
 }  // namespace
 
@@ -27,9 +25,9 @@ PaymentMethod::PaymentMethod()
 
 ShipMethods::ShipMethods()
     : FlatNameCollection<ShipMethod>(
-          FlatList<ShipMethod>("ShipMethod", qoListShipMethods, "ShipMethodQueryRq", qoObjectTypeShipMethod)) {}
+          FlatList("ShipMethod", qoListShipMethods, "ShipMethodQueryRq", qoObjectTypeShipMethod)) {}
 PaymentMethods::PaymentMethods()
-    : FlatNameCollection<PaymentMethod>(FlatList<PaymentMethod>("PaymentMethod", qoListPaymentMethods,
+    : FlatNameCollection<PaymentMethod>(FlatList("PaymentMethod", qoListPaymentMethods,
                                                                "PaymentMethodQueryRq", qoObjectTypePaymentMethod)) {}
 
 }  // namespace tessaron

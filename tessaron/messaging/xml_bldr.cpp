@@ -45,46 +45,51 @@ constexpr EscapeRow kEscapeTable[] = {
 // entity holds a character that a later row searches for.
 struct EscapeLookup {
   std::array<std::string_view, 256> entity{};
-  EscapeLookup() {
+  // Bytes that may start an escaped character: the ASCII rows and the lead bytes of the
+  // two-byte UTF-8 forms of U+0080..U+00FF.
+  std::array<bool, 256> mayStart{};
+  constexpr EscapeLookup() {
     for (const EscapeRow& row : kEscapeTable) {
-      unsigned cp = static_cast<unsigned char>(row.character[0]);
+      unsigned lead = static_cast<unsigned char>(row.character[0]);
+      unsigned cp = lead;
       if (row.character.size() == 2)
-        cp = ((cp & 0x1Fu) << 6) | (static_cast<unsigned char>(row.character[1]) & 0x3Fu);
+        cp = ((lead & 0x1Fu) << 6) | (static_cast<unsigned char>(row.character[1]) & 0x3Fu);
       if (entity[cp].empty()) entity[cp] = row.entity;
+      mayStart[lead] = true;
     }
   }
 };
-const EscapeLookup& Escapes() {
-  static const EscapeLookup lookup;
-  return lookup;
-}
+constexpr EscapeLookup kEscapes;
 
-// Appends the escaped value; unescaped runs are copied whole.
+// Appends the escaped value; runs without anything to escape are copied whole.
 void EscapeInto(std::string& out, std::string_view value) {
-  const EscapeLookup& lookup = Escapes();
-  size_t runStart = 0;
-  const size_t n = value.size();
-  for (size_t i = 0; i < n;) {
-    unsigned char c = static_cast<unsigned char>(value[i]);
+  const char* p = value.data();
+  const char* const end = p + value.size();
+  const char* run = p;
+  while (p != end) {
+    const unsigned char c = static_cast<unsigned char>(*p);
+    if (!kEscapes.mayStart[c]) {
+      ++p;
+      continue;
+    }
     std::string_view entity;
     size_t width = 1;
     if (c < 0x80) {
-      entity = lookup.entity[c];
-    } else if ((c == 0xC2 || c == 0xC3) && i + 1 < n) {
-      unsigned cp = ((c & 0x1Fu) << 6) | (static_cast<unsigned char>(value[i + 1]) & 0x3Fu);
-      entity = lookup.entity[cp];
+      entity = kEscapes.entity[c];
+    } else if (p + 1 != end) {
+      entity = kEscapes.entity[((c & 0x1Fu) << 6) | (static_cast<unsigned char>(p[1]) & 0x3Fu)];
       width = 2;
     }
     if (entity.empty()) {
-      i += width;
+      p += width;
       continue;
     }
-    out.append(value.data() + runStart, i - runStart);
+    out.append(run, static_cast<size_t>(p - run));
     out.append(entity);
-    i += width;
-    runStart = i;
+    p += width;
+    run = p;
   }
-  out.append(value.data() + runStart, n - runStart);
+  out.append(run, static_cast<size_t>(end - run));
 }
 
 bool BelowVersion(Currency minVersion) { return State().QBXMLVersionNumber < minVersion; }
@@ -136,8 +141,7 @@ void xmlBldr::AssemblePieces() { buffer_.assign(pieces_); }
 
 void xmlBldr::AppendEscaped(std::string_view value) { EscapeInto(pieces_, value); }
 
-void xmlBldr::AppendElement(const std::string& tag, std::string_view value) {
-  pieces_.reserve(pieces_.size() + 2 * tag.size() + value.size() + 5);
+void xmlBldr::AppendElement(std::string_view tag, std::string_view value) {
   pieces_ += '<';
   pieces_ += tag;
   pieces_ += '>';
@@ -188,29 +192,29 @@ void xmlBldr::CreateTop() {
   ClosePiece();
 }
 
-void xmlBldr::CreateElement2(const std::string& TagName, std::string_view Value, bool ForceNull, Currency MinVersion) {
+void xmlBldr::CreateElement2(std::string_view TagName, std::string_view Value, bool ForceNull, Currency MinVersion) {
   if (BelowVersion(MinVersion)) return;
   if (!Value.empty() || ForceNull) AppendElement(TagName, Value);
 }
 
-void xmlBldr::CreateElement(const std::string& TagName, std::string_view Value, Currency MinVersion) {
+void xmlBldr::CreateElement(std::string_view TagName, std::string_view Value, Currency MinVersion) {
   if (BelowVersion(MinVersion)) return;
   AppendElement(TagName, Value);
 }
 
-void xmlBldr::CreateDateElement(const std::string& Tag, Date d, Currency MinVersion) {
+void xmlBldr::CreateDateElement(std::string_view Tag, Date d, Currency MinVersion) {
   if (d == 0) return;
   CreateElement2(Tag, DateToText(d), true, MinVersion);
 }
 
-void xmlBldr::CreateBlankTag(const std::string& TagName) {
+void xmlBldr::CreateBlankTag(std::string_view TagName) {
   pieces_ += '<';
   pieces_ += TagName;
   pieces_ += "/>";
   ClosePiece();
 }
 
-void xmlBldr::OpenAggregate(const std::string& TagName, const std::string& Attrib, std::string_view Value) {
+void xmlBldr::OpenAggregate(std::string_view TagName, std::string_view Attrib, std::string_view Value) {
   lastTag_ = TagName;
   pieces_ += '<';
   pieces_ += TagName;
@@ -222,7 +226,7 @@ void xmlBldr::OpenAggregate(const std::string& TagName, const std::string& Attri
   ClosePiece();
 }
 
-void xmlBldr::OpenAggregateOnly(const std::string& TagName) {
+void xmlBldr::OpenAggregateOnly(std::string_view TagName) {
   lastTag_ = TagName;
   pieces_ += '<';
   pieces_ += TagName;
@@ -238,14 +242,12 @@ void xmlBldr::EndAggregate(std::string& TagName) {
   ClosePiece();
 }
 
-void xmlBldr::EndAggregate(const std::string& TagName) {
+void xmlBldr::EndAggregate(std::string_view TagName) {
   pieces_ += "</";
-  pieces_ += TagName.empty() ? lastTag_ : TagName;
+  pieces_ += TagName.empty() ? std::string_view(lastTag_) : TagName;
   pieces_ += '>';
   ClosePiece();
 }
-
-void xmlBldr::EndAggregate() { EndAggregate(std::string()); }
 
 void xmlBldr::EnterValueOnly(std::string_view TagName) {
   EscapeInto(pieces_, TagName);

@@ -15,6 +15,8 @@
 //
 // Only values are escaped; tags and attribute names are written as given. Nothing checks
 // that tags balance: the builder remembers only the last opened tag (see EndAggregate).
+// Tags and values are taken as views, so writing an element from literals allocates
+// nothing beyond the growth of the request itself.
 // Elements whose MinVersion lies above the connected qbXML version are left out silently,
 // which is how every object stays valid against older versions.
 #pragma once
@@ -57,23 +59,22 @@ class xmlBldr {
   void CreateTop();
   // Writes <Tag>value</Tag> when the value is not empty; an empty value is written as an
   // empty pair only when ForceNull is true. Nothing below MinVersion.
-  void CreateElement2(const std::string& TagName, std::string_view Value, bool ForceNull, Currency MinVersion = 0);
+  void CreateElement2(std::string_view TagName, std::string_view Value, bool ForceNull, Currency MinVersion = 0);
   // Writes <Tag>value</Tag>, an empty value included. Nothing below MinVersion.
-  void CreateElement(const std::string& TagName, std::string_view Value, Currency MinVersion = 0);
+  void CreateElement(std::string_view TagName, std::string_view Value, Currency MinVersion = 0);
   // Nothing for the null date; otherwise the date as "yyyy-mm-dd".
-  void CreateDateElement(const std::string& Tag, Date d, Currency MinVersion = 0);
+  void CreateDateElement(std::string_view Tag, Date d, Currency MinVersion = 0);
   // <Tag/>
-  void CreateBlankTag(const std::string& TagName);
+  void CreateBlankTag(std::string_view TagName);
   // <Tag Attrib = "value"> (the blanks around the equals sign are part of the format).
-  void OpenAggregate(const std::string& TagName, const std::string& Attrib, std::string_view Value);
+  void OpenAggregate(std::string_view TagName, std::string_view Attrib, std::string_view Value);
   // <Tag>
-  void OpenAggregateOnly(const std::string& TagName);
+  void OpenAggregateOnly(std::string_view TagName);
   // </Tag>. An empty or absent name closes the last opened tag (again, if called twice),
   // and the by-reference form writes that name back into the caller's variable.
   void EndAggregate(std::string& TagName);
-  void EndAggregate(const std::string& TagName);
-  void EndAggregate(const char* TagName) { EndAggregate(std::string(TagName)); }
-  void EndAggregate();
+  void EndAggregate(std::string_view TagName);
+  void EndAggregate() { EndAggregate(std::string_view()); }
   // Appends the escaped text without a tag.
   void EnterValueOnly(std::string_view TagName);
 
@@ -149,7 +150,7 @@ class xmlBldr {
   void AppendPiece(std::string_view text);
   void AssemblePieces();
   void AppendEscaped(std::string_view value);
-  void AppendElement(const std::string& tag, std::string_view value);
+  void AppendElement(std::string_view tag, std::string_view value);
   void OpenMessageSet();
   void InsertObject(qcBase& o, int16_t iRequestId, const char* outerSuffix, const char* innerSuffix, int which);
   void WriteNameFilter(const char* tag, const std::vector<std::string>& names, bool withChildren);

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <fstream>
+#include <optional>
 #include <sstream>
 
 #include "tessaron/connection/library_state.h"
@@ -171,61 +172,50 @@ TEST_F(Connection, ProductOlderThanTheLimitIsRefusedAndTheLinkClosed) {
 
 // ---- Choice of the request processor -----------------------------------------------------------
 
-TEST_F(Connection, NewerProcessorIsPreferredWhenTheOlderIsRecentEnough) {
-  auto rq2 = std::make_shared<ScriptedProcessor>();
-  ProcessorRegistration reg1(qb, kRequestProcessor1), reg2(rq2, kRequestProcessor2);
+struct ProcessorChoice {
+  const char* name;
+  bool olderRegistered, newerRegistered;
+  int olderMajorVersion;
+  bool olderVersionFails, useRequestProcessor1;
+  int chosen;  // 1 the older processor, 2 the newer
+  int olderCreations, newerCreations;
+};
+
+class ProcessorChoiceCase : public Connection, public ::testing::WithParamInterface<ProcessorChoice> {};
+
+TEST_P(ProcessorChoiceCase, ChoosesAsTheOrderOfAttemptsSays) {
+  const ProcessorChoice& c = GetParam();
+  auto newer = std::make_shared<ScriptedProcessor>();
+  qb->SetProcessorVersion(c.olderMajorVersion, 0);
+  if (c.olderVersionFails) qb->FailOn("MajorVersion", Error(5, "QBXMLRP", "broken"));
+  std::optional<ProcessorRegistration> reg1, reg2;
+  if (c.olderRegistered) reg1.emplace(qb, kRequestProcessor1);
+  if (c.newerRegistered) reg2.emplace(newer, kRequestProcessor2);
+  QBConnection connection;
+  connection.SetUseRequestProcessor1(c.useRequestProcessor1);
+  connection.Connect("App", "Application", qbFileOpenDoNotCare);
+  EXPECT_EQ(State().RequestProcessor, c.chosen == 1 ? qb : newer);
+  EXPECT_EQ(reg1 ? reg1->Creations(kRequestProcessor1) : 0, c.olderCreations);
+  EXPECT_EQ(reg2 ? reg2->Creations(kRequestProcessor2) : 0, c.newerCreations);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Fallbacks, ProcessorChoiceCase,
+    ::testing::Values(ProcessorChoice{"NewerPreferred", true, true, 13, false, false, 2, 1, 1},
+                      ProcessorChoice{"UseRequestProcessor1NeverCreatesTheNewer", true, true, 13, false, true, 1, 1, 0},
+                      ProcessorChoice{"OlderBelow3UsedAsANewObject", true, true, 2, false, false, 1, 2, 0},
+                      ProcessorChoice{"OlderMissing", false, true, 13, false, false, 2, 0, 1},
+                      ProcessorChoice{"OlderMissingEvenWithUseRequestProcessor1", false, true, 13, false, true, 2, 0, 1},
+                      ProcessorChoice{"OlderVersionUnreadable", true, true, 13, true, false, 1, 2, 0},
+                      ProcessorChoice{"NewerMissing", true, false, 13, false, false, 1, 2, 0}),
+    [](const auto& info) { return std::string(info.param.name); });
+
+TEST_F(Connection, OlderProcessorIsAskedForItsVersionTwiceBeforeTheNewerIsTried) {
+  auto newer = std::make_shared<ScriptedProcessor>();
+  ProcessorRegistration reg1(qb, kRequestProcessor1), reg2(newer, kRequestProcessor2);
   QBConnection c;
   c.Connect("App", "Application", qbFileOpenDoNotCare);
-  EXPECT_EQ(State().RequestProcessor, rq2);
-  EXPECT_EQ(reg1.Creations(kRequestProcessor1), 1);
   EXPECT_EQ(qb->CallNames(), (std::vector<std::string>{"MajorVersion", "MajorVersion"}));
-}
-
-TEST_F(Connection, UseRequestProcessor1NeverCreatesTheNewer) {
-  auto rq2 = std::make_shared<ScriptedProcessor>();
-  ProcessorRegistration reg1(qb, kRequestProcessor1), reg2(rq2, kRequestProcessor2);
-  QBConnection c;
-  c.SetUseRequestProcessor1(true);
-  c.Connect("App", "Application", qbFileOpenDoNotCare);
-  EXPECT_EQ(State().RequestProcessor, qb);
-  EXPECT_EQ(reg2.Creations(kRequestProcessor2), 0);
-  EXPECT_EQ(reg1.Creations(kRequestProcessor1), 1);
-}
-
-TEST_F(Connection, OlderProcessorBelowVersion3IsUsedAsANewObject) {
-  qb->SetProcessorVersion(2, 1);
-  auto rq2 = std::make_shared<ScriptedProcessor>();
-  ProcessorRegistration reg1(qb, kRequestProcessor1), reg2(rq2, kRequestProcessor2);
-  QBConnection c;
-  c.Connect("App", "Application", qbFileOpenDoNotCare);
-  EXPECT_EQ(State().RequestProcessor, qb);
-  EXPECT_EQ(reg1.Creations(kRequestProcessor1), 2);
-  EXPECT_EQ(reg2.Creations(kRequestProcessor2), 0);
-}
-
-TEST_F(Connection, MissingOlderProcessorFallsToTheNewer) {
-  ProcessorRegistration reg2(qb, kRequestProcessor2);
-  QBConnection c;
-  c.Connect("App", "Application", qbFileOpenDoNotCare);
-  EXPECT_EQ(State().RequestProcessor, qb);
-}
-
-TEST_F(Connection, OlderProcessorThatCannotTellItsVersionIsUsedWithoutTryingTheNewer) {
-  qb->FailOn("MajorVersion", Error(5, "QBXMLRP", "broken"));
-  auto rq2 = std::make_shared<ScriptedProcessor>();
-  ProcessorRegistration reg1(qb, kRequestProcessor1), reg2(rq2, kRequestProcessor2);
-  QBConnection c;
-  c.Connect("App", "Application", qbFileOpenDoNotCare);
-  EXPECT_EQ(State().RequestProcessor, qb);
-  EXPECT_EQ(reg2.Creations(kRequestProcessor2), 0);
-}
-
-TEST_F(Connection, MissingNewerProcessorFallsBackToTheOlder) {
-  ProcessorRegistration reg1(qb, kRequestProcessor1);
-  QBConnection c;
-  c.Connect("App", "Application", qbFileOpenDoNotCare);
-  EXPECT_EQ(State().RequestProcessor, qb);
-  EXPECT_EQ(reg1.Creations(kRequestProcessor1), 2);
 }
 
 TEST_F(Connection, NoProcessorAtAllRaisesCannotCreateObjectWithSourceTessaron) {

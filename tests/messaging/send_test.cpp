@@ -35,22 +35,17 @@ void WriteCustomerQuery(xmlBldr& b, const std::string& name = "Acme") {
 
 // ---- Status -----------------------------------------------------------------------------------
 
-TEST(SendStatus, Status1CountsAsSuccessAndKeepsTheMessage) {
-  ScriptedSession qb;
-  const std::string response = ScriptedProcessor::Response("CustomerQueryRs", "", 1, "No match found");
-  ASSERT_TRUE(testing::IsValidQbxml(response));
-  qb.processor().QueueResponse(response);
-  xmlBldr b;
-  WriteCustomerQuery(b);
-  b.NewSendRequest();
-  EXPECT_EQ(b.ErrNumber(), 0);
-  EXPECT_EQ(b.ErrMsg(), "No match found");
-  EXPECT_TRUE(qb.processor().AllRequestsValid());
-}
+struct StatusCase {
+  int statusCode;
+  const char* message;
+  int32_t errNumber;
+};
 
-TEST(SendStatus, OtherStatusIsReportedNotRaisedAndTheDocumentReturned) {
+class SendStatusOfTheResponse : public ::testing::TestWithParam<StatusCase> {};
+
+TEST_P(SendStatusOfTheResponse, IsReportedNotRaisedWithStatus1CountingAsSuccess) {
   ScriptedSession qb;
-  const std::string response = ScriptedProcessor::Response("ClassAddRs", "", 3100, "The name is in use");
+  const std::string response = ScriptedProcessor::Response("ClassAddRs", "", GetParam().statusCode, GetParam().message);
   ASSERT_TRUE(testing::IsValidQbxml(response));
   qb.processor().QueueResponse(response);
   xmlBldr b;
@@ -61,13 +56,18 @@ TEST(SendStatus, OtherStatusIsReportedNotRaisedAndTheDocumentReturned) {
   b.EndAggregate("ClassAdd");
   b.EndAggregate("ClassAddRq");
   XmlDocument doc = b.NewSendRequest();
-  EXPECT_EQ(b.ErrNumber(), 3100);
-  EXPECT_EQ(b.ErrMsg(), "The name is in use");
+  EXPECT_EQ(b.ErrNumber(), GetParam().errNumber);
+  EXPECT_EQ(b.ErrMsg(), GetParam().message);
   EXPECT_EQ(doc.childNodes().item(1).baseName(), "QBXML");
   EXPECT_EQ(b.PieceCount(), 0);  // cleared after sending; the text stays
   EXPECT_NE(b.AssembledText().find("ClassAddRq"), std::string::npos);
   EXPECT_TRUE(qb.processor().AllRequestsValid());
 }
+
+INSTANTIATE_TEST_SUITE_P(Codes, SendStatusOfTheResponse,
+                         ::testing::Values(StatusCase{0, "Status OK", 0}, StatusCase{1, "No match found", 0},
+                                           StatusCase{530, "Warned", 530},
+                                           StatusCase{3100, "The name is in use", 3100}));
 
 TEST(SendStatus, OnlyTheFirstResponseOfABatchSetsTheStatus) {
   ScriptedSession qb;
@@ -241,6 +241,8 @@ TEST_F(Transcript, HoldsHeaderExchangesAndClosingTagWithProloguesRemoved) {
     b.NewSendRequest();
     request = qb.processor().LastRequest();
     response = ScriptedProcessor::Response("CustomerQueryRs", "", 1, "none");
+    EXPECT_TRUE(qb.processor().AllRequestsValid());
+    EXPECT_TRUE(testing::IsValidQbxml(response));
   }  // the end of the connection closes the transcript
   const std::string prologue =
       "<?xml version=\"1.0\" ?><!DOCTYPE QBXML PUBLIC '-//INTUIT//DTD QBXML QBD 2.0//EN' >";

@@ -15,9 +15,11 @@
 //      set ("HostQueryRq"), answered every time;
 //   4. otherwise a generated answer: for each request of the set, its "...Rs" with the same
 //      requestID, statusCode 0 and no records.
-// Out of the box it answers the host query with a QuickBooks Pro 13.0 record whose
-// supported versions are the version list (default "1.0", "1.1", "2.0"), so a connection
-// succeeds; SetVersions and SetHost change that.
+// Out of the box it answers the host query with a "QuickBooks Pro 2013" record (major
+// version 23) whose supported versions are the version list (default "1.0", "1.1", "2.0"),
+// so a connection succeeds; SetVersions and SetHost change that. The processor itself
+// reports MajorVersion 13 (SetProcessorVersion). Responses it generates validate against
+// the qbXML schema; WithoutAttributes and Unparsable deliberately do not.
 //
 // ScriptedSession bundles the usual arrangement: a fresh library state, a processor under
 // both identifiers, and a connected QBConnection at a chosen qbXML version.
@@ -136,8 +138,9 @@ class ScriptedProcessor : public RequestProcessor {
   std::vector<std::string> requests_;
 };
 
-// Registers a processor under one identifier, or both, for the life of the object, and
-// counts how often each identifier was created. The previous registrations are removed.
+// Registers a processor under one identifier, or both, for the life of the object (the
+// identifiers are unregistered at its end), and counts how often each was created. Every
+// creation hands out the same processor, so a test can inspect what it recorded.
 class ProcessorRegistration {
  public:
   explicit ProcessorRegistration(std::shared_ptr<ScriptedProcessor> processor);  // both identifiers

@@ -1,0 +1,18 @@
+// The subcommands of the tessaron command. Each adds itself to the application; a failing
+// command raises, and main prints one line and exits non-zero.
+#pragma once
+
+#include <CLI/CLI.hpp>
+
+namespace tessaron::cli {
+
+// Options every command sees.
+struct GlobalOptions {
+  std::string transcript;  // --transcript FILE: the message transcript of the run (DebugLogPath)
+};
+
+void AddCompanyCommand(CLI::App& app);
+void AddVersionCommand(CLI::App& app);
+void AddDemoCommand(CLI::App& app, const GlobalOptions& global);
+
+}  // namespace tessaron::cli

@@ -1,0 +1,30 @@
+// tessaron: the command of the library. Run `tessaron --help` for the subcommands.
+#include <iostream>
+
+#include "cli/commands.h"
+#include "tessaron/platform/error.h"
+
+int main(int argc, char** argv) {
+  CLI::App app{"tessaron: work with QuickBooks company files through the Tessaron library", "tessaron"};
+  app.require_subcommand(1);
+  tessaron::cli::GlobalOptions global;
+  app.add_option("--transcript", global.transcript, "Keep the transcript of every qbXML message in FILE")
+      ->option_text("FILE");
+  tessaron::cli::AddCompanyCommand(app);
+  tessaron::cli::AddVersionCommand(app);
+  tessaron::cli::AddDemoCommand(app, global);
+  try {
+    app.parse(argc, argv);
+  } catch (const CLI::ParseError& e) {
+    return app.exit(e);
+  } catch (const tessaron::Error& e) {
+    char number[16];
+    std::snprintf(number, sizeof number, "0x%08X", static_cast<unsigned>(e.Number()));
+    std::cerr << "tessaron: " << e.Description() << " (" << number << ")\n";
+    return 1;
+  } catch (const std::exception& e) {
+    std::cerr << "tessaron: " << e.what() << "\n";
+    return 1;
+  }
+  return 0;
+}

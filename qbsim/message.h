@@ -1,0 +1,28 @@
+// Answers one qbXML message of a session: parses it, applies strict mode, runs each
+// request through the request table and assembles the response text.
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "qbsim/company_file.h"
+#include "qbsim/edition.h"
+#include "qbsim/processor_options.h"
+
+namespace tessaron::qbsim {
+
+struct SessionInfo {
+  std::shared_ptr<CompanyFile> file;
+  Edition edition = Edition::US;
+  int newestVersion = kDefaultNewestVersion;
+};
+
+// A normal message set (QBXMLMsgsRq). Raises 0x80040400 for text that does not parse or,
+// in strict mode, does not validate; 0x80040418 for a qbXML version above the session's.
+std::string AnswerMessage(const SessionInfo& session, const ProcessorOptions& options, const std::string& text);
+
+// A subscription message set (QBXMLSubscriptionMsgsRq); no session is needed. Subscriptions
+// are not answered yet: every request gets the "not supported" status.
+std::string AnswerSubscriptionMessage(const ProcessorOptions& options, const std::string& text);
+
+}  // namespace tessaron::qbsim

@@ -1,0 +1,73 @@
+#include "tessaron/lists/sales_tax_code.h"
+
+#include "tessaron/foundation/error_numbers.h"
+#include "tessaron/lists/name_list_tables.h"
+
+namespace tessaron {
+
+namespace {
+// The checks both tax code classes share: the name of at most 3, the description of at most 31.
+template <class Obj>
+std::vector<CheckDef> CodeChecks(std::string Obj::*desc) {
+  return {ListObject::Common::NameCheck(3, err::kSalesTaxCodeNameTooLong, err::kSalesTaxCodeNameTooLongText),
+          check::MaxLength(desc, "Description", 31, err::kSalesTaxCodeDescTooLong, err::kSalesTaxCodeDescTooLongText)};
+}
+
+ListClassInfo CodeClass(const char* name, qoEnumListObjectType objectType, qoEnumListType listType) {
+  ListClassInfo i;
+  i.className = name;
+  i.objectType = objectType;
+  i.listType = listType;
+  i.modify = ModifyRule::Raise;
+  i.modifyMessage = "XMLModify not supported";
+  return i;
+}
+}  // namespace
+
+const ListClassInfo& SalesTaxCode::Info() {
+  static const ListClassInfo info = [] {
+    using C = ListObject::Common;
+    ListClassInfo i = CodeClass("SalesTaxCode", qoObjectTypeSalesTaxCode, qoListSalesTaxCodes);
+    i.fields = {C::ListID(), C::TimeCreated(), C::TimeModified(), C::EditSequence(), C::Name(Send::Always),
+                C::IsActive(), field::Boolean("IsTaxable", &SalesTaxCode::isTaxable_).Add(Send::Always),
+                field::Text("Desc", &SalesTaxCode::desc_).Add(Send::IfSet)};
+    i.checks = CodeChecks(&SalesTaxCode::desc_);
+    return i;
+  }();
+  return info;
+}
+
+const ListClassInfo& TaxCode::Info() {
+  static const ListClassInfo info = [] {
+    using C = ListObject::Common;
+    ListClassInfo i = CodeClass("TaxCode", qoObjectTypeTaxCode, static_cast<qoEnumListType>(0));
+    i.fields = {C::ListID(), C::TimeCreated(), C::TimeModified(), C::EditSequence(), C::Name(Send::Always),
+                C::IsActive(), field::Text("Desc", &TaxCode::desc_).Add(Send::IfSet)};
+    i.checks = CodeChecks(&TaxCode::desc_);
+    return i;
+  }();
+  return info;
+}
+
+SalesTaxCode::SalesTaxCode() : ListObject(Info()) {}
+TaxCode::TaxCode() : ListObject(Info()) {}
+
+SalesTaxCodes::SalesTaxCodes()
+    : ListCollection<SalesTaxCode>(name_lists::CollectionInfo("SalesTaxCode", qoListSalesTaxCodes,
+                                                              "SalesTaxCodeQueryRq", qoObjectTypeSalesTaxCode,
+                                                              "SalesTaxCode")) {}
+
+std::shared_ptr<SalesTaxCode> SalesTaxCodes::Add(const std::string& Name, const std::string& Description,
+                                                 bool IsTaxable, bool IsActive) {
+  return AddNew([&](SalesTaxCode& code) {
+    code.SetNameInternal(Name);
+    code.SetDescriptionInternal(Description);
+    code.SetIsTaxableInternal(IsTaxable);
+    code.SetIsActiveInternal(IsActive);
+  });
+}
+
+TaxCodes::TaxCodes()
+    : ReadOnlyListCollection<TaxCode>(name_lists::ReadOnlyInfo("TaxCode", "TaxCodeQueryRq", qoObjectTypeTaxCode)) {}
+
+}  // namespace tessaron
