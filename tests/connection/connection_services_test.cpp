@@ -99,7 +99,9 @@ TEST_P(DisplayQBFormRequest, AsksForTheFormOfTheType) {
   ScriptedSession qb("3.0");
   qb.connection().DisplayQBForm(GetParam().type, GetParam().id);
   EXPECT_NE(qb.processor().LastRequest().find(GetParam().written), std::string::npos) << qb.processor().LastRequest();
-  if (GetParam().schemaValid) EXPECT_TRUE(qb.processor().AllRequestsValid());
+  if (GetParam().schemaValid) {
+    EXPECT_TRUE(qb.processor().AllRequestsValid());
+  }
 }
 
 INSTANTIATE_TEST_SUITE_P(
