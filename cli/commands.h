@@ -13,6 +13,8 @@ struct GlobalOptions {
 
 void AddCompanyCommand(CLI::App& app);
 void AddVersionCommand(CLI::App& app);
+void AddHostCommand(CLI::App& app, const GlobalOptions& global);
+void AddSendCommand(CLI::App& app, const GlobalOptions& global);
 void AddDemoCommand(CLI::App& app, const GlobalOptions& global);
 
 }  // namespace tessaron::cli

@@ -12,6 +12,8 @@ int main(int argc, char** argv) {
       ->option_text("FILE");
   tessaron::cli::AddCompanyCommand(app);
   tessaron::cli::AddVersionCommand(app);
+  tessaron::cli::AddHostCommand(app, global);
+  tessaron::cli::AddSendCommand(app, global);
   tessaron::cli::AddDemoCommand(app, global);
   try {
     app.parse(argc, argv);

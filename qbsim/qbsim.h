@@ -18,6 +18,7 @@
 #include "qbsim/processor.h"
 #include "qbsim/processor_options.h"
 #include "qbsim/sample_company.h"
+#include "qbsim/status.h"
 
 namespace tessaron::qbsim {
 
