@@ -2,23 +2,11 @@
 
 #include <string_view>
 
-#include "tessaron/company/preferences.h"
 #include "tessaron/connection/library_state.h"
 #include "tessaron/foundation/enumerations.h"
 #include "tessaron/foundation/error_numbers.h"
 #include "tessaron/foundation/qc_error.h"
 #include "tessaron/foundation/values.h"
-#include "tessaron/lists/address.h"
-#include "tessaron/lists/class.h"
-#include "tessaron/lists/customer_message.h"
-#include "tessaron/lists/customers.h"
-#include "tessaron/lists/entities.h"
-#include "tessaron/lists/sales_rep.h"
-#include "tessaron/lists/sales_tax_code.h"
-#include "tessaron/lists/ship_method.h"
-#include "tessaron/lists/template.h"
-#include "tessaron/lists/terms.h"
-#include "tessaron/lists/to_do.h"
 #include "tessaron/messaging/xml_bldr.h"
 #include "tessaron/platform/error.h"
 

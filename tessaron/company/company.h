@@ -17,30 +17,26 @@
 #include <memory>
 #include <string>
 
+#include "tessaron/company/preferences.h"
 #include "tessaron/foundation/enum_types.h"
 #include "tessaron/framework/lists.h"
+#include "tessaron/lists/address.h"
+#include "tessaron/lists/class.h"
+#include "tessaron/lists/customer_message.h"
+#include "tessaron/lists/customers.h"
+#include "tessaron/lists/entities.h"
+#include "tessaron/lists/sales_rep.h"
+#include "tessaron/lists/sales_tax_code.h"
+#include "tessaron/lists/ship_method.h"
+#include "tessaron/lists/template.h"
+#include "tessaron/lists/terms.h"
+#include "tessaron/lists/to_do.h"
 #include "tessaron/platform/date.h"
 #include "tessaron/platform/xml_dom.h"
 
 namespace tessaron {
 
-class Address;
-class Classes;
-class CustomerMessages;
-class Customers;
-class CustomerTypes;
-class Entities;
-class JobTypes;
-class PaymentMethods;
-class Preferences;
 class qcErrors;
-class SalesReps;
-class SalesTaxCodes;
-class ShipMethods;
-class Templates;
-class Terms;
-class ToDoList;
-class VendorTypes;
 class xmlBldr;
 // Not part of the library yet.
 class Accounts;
