@@ -16,5 +16,6 @@ void AddVersionCommand(CLI::App& app);
 void AddHostCommand(CLI::App& app, const GlobalOptions& global);
 void AddSendCommand(CLI::App& app, const GlobalOptions& global);
 void AddDemoCommand(CLI::App& app, const GlobalOptions& global);
+void AddListCommand(CLI::App& app, const GlobalOptions& global);
 
 }  // namespace tessaron::cli

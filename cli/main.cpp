@@ -15,6 +15,7 @@ int main(int argc, char** argv) {
   tessaron::cli::AddHostCommand(app, global);
   tessaron::cli::AddSendCommand(app, global);
   tessaron::cli::AddDemoCommand(app, global);
+  tessaron::cli::AddListCommand(app, global);
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& e) {

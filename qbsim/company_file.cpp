@@ -49,6 +49,7 @@ CREATE TABLE deleted_item(
   kind TEXT NOT NULL,
   id TEXT NOT NULL,
   full_name TEXT NOT NULL,
+  time_created TEXT NOT NULL,
   time_deleted TEXT NOT NULL,
   deleted_at REAL NOT NULL);
 CREATE INDEX deleted_item_at ON deleted_item(deleted_at);
@@ -129,7 +130,9 @@ std::shared_ptr<CompanyFile> CompanyFile::Create(const std::string& path, const 
   if (std::filesystem::exists(path, ec)) CannotOpen(path, "the file exists already");
   {
     SqlDatabase db(path, SqlDatabase::Mode::Create);
-    Configure(db);
+    // Nothing is answered before the file exists whole: it is written without syncing, and
+    // the switch to the write-ahead log below syncs it once.
+    db.Exec("PRAGMA synchronous=OFF");
     SqlTransaction tx(db);
     db.Exec(kSchema);
     SqlStatement put = db.Prepare("INSERT INTO meta(key, value) VALUES(?, ?)");
@@ -143,6 +146,7 @@ std::shared_ptr<CompanyFile> CompanyFile::Create(const std::string& path, const 
     db.Exec("PRAGMA application_id=" + std::to_string(kApplicationId));
     db.Exec("PRAGMA user_version=" + std::to_string(kFormatVersion));
     tx.Commit();
+    Configure(db);
   }
   return Open(path);
 }

@@ -354,6 +354,40 @@ Status Delete(RequestContext& ctx, const pugi::xml_node& request, XmlOut& out) {
   return status::Ok();
 }
 
+// The deleted-items log: what ListDelRq removed, by kind and time.
+Status DeletedQuery(RequestContext& ctx, const pugi::xml_node& request, XmlOut& out) {
+  std::vector<std::string> kinds;
+  std::optional<double> from, to;
+  for (pugi::xml_node c = request.first_child(); c; c = c.next_sibling()) {
+    std::string_view tag = c.name();
+    if (tag == "ListDelType") {
+      const ListKind* kind = nullptr;
+      for (const ListKind& k : ListKinds())
+        if (EqualsIgnoreCase(Trim(c.text().get()), k.name)) kind = &k;
+      if (!kind) return status::BadValue("ListDelType", c.text().get());
+      kinds.push_back(kind->name);
+    } else if (tag == "DeletedDateRangeFilter") {
+      if (pugi::xml_node f = c.child("FromDeletedDate"))
+        if (Status s = ParseModified(f, false, from); !s.Ok()) return s;
+      if (pugi::xml_node t = c.child("ToDeletedDate"))
+        if (Status s = ParseModified(t, true, to); !s.Ok()) return s;
+    }
+  }
+  if (kinds.empty()) return status::MissingElement("ListDelType");
+  int written = 0;
+  ctx.store.SelectDeleted(kinds, from, to, [&](const DeletedRow& row) {
+    out.Open("ListDeletedRet");
+    out.Element("ListDelType", row.kind);
+    out.Element("ListID", row.id);
+    out.Element("TimeCreated", row.timeCreated);
+    out.Element("TimeDeleted", row.timeDeleted);
+    out.Element("FullName", row.fullName);
+    out.Close("ListDeletedRet");
+    ++written;
+  });
+  return written == 0 ? status::NoMatch() : status::Ok();
+}
+
 // ---------------------------------------------------------------- strict checks
 
 std::string Unavailable(const std::string& what, int version) {
@@ -430,6 +464,7 @@ void RegisterListRequests(RequestTable& table) {
                CheckQuery, 10});
   }
   table.Add("ListDelRq", {Delete, nullptr, 10});
+  table.Add("ListDeletedQueryRq", {DeletedQuery, nullptr, 21});
 }
 
 }  // namespace tessaron::qbsim

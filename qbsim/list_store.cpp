@@ -128,7 +128,7 @@ int64_t ListStore::ReferenceCount(std::string_view listId) {
 }
 
 const std::string& ListStore::FullNameOf(std::string_view listId) {
-  auto it = fullNames_.find(std::string(listId));
+  auto it = fullNames_.find(listId);
   if (it != fullNames_.end()) return it->second;
   SqlStatement& st = Cached("SELECT full_name FROM list_record WHERE list_id = ?");
   st.Bind(1, listId);
@@ -267,16 +267,32 @@ void ListStore::AddToTotal(std::string_view listId, int64_t delta) {
   }
 }
 
+void ListStore::SelectDeleted(std::span<const std::string> kinds, std::optional<double> from, std::optional<double> to,
+                              const std::function<void(const DeletedRow&)>& onRow) {
+  std::string sql = "SELECT kind, id, time_created, time_deleted, full_name FROM deleted_item WHERE kind IN (" +
+                    Placeholders(kinds.size()) + ")";
+  if (from) sql += " AND deleted_at >= ?";
+  if (to) sql += " AND deleted_at < ?";
+  SqlStatement st = file_.Db().Prepare(sql + " ORDER BY deleted_at, rowid");
+  int i = 1;
+  for (const std::string& k : kinds) st.Bind(i++, k);
+  if (from) st.Bind(i++, *from);
+  if (to) st.Bind(i++, *to);
+  while (st.Step()) onRow({st.Text(0), st.Text(1), st.Text(2), st.Text(3), st.Text(4)});
+}
+
 void ListStore::Delete(const ListRecord& r, WriteScope& scope) {
   SqlDatabase& db = file_.Db();
   db.Prepare("DELETE FROM list_record WHERE rowid = ?").Bind(1, r.rowid).Run();
   WriteRefs(r.listId, {});
-  db.Prepare("INSERT INTO deleted_item(kind, id, full_name, time_deleted, deleted_at) VALUES(?,?,?,?,?)")
+  db.Prepare("INSERT INTO deleted_item(kind, id, full_name, time_created, time_deleted, deleted_at) "
+             "VALUES(?,?,?,?,?,?)")
       .Bind(1, r.kind)
       .Bind(2, r.listId)
       .Bind(3, r.fullName)
-      .Bind(4, scope.Timestamp())
-      .Bind(5, scope.TimeSerial())
+      .Bind(4, r.timeCreated)
+      .Bind(5, scope.Timestamp())
+      .Bind(6, scope.TimeSerial())
       .Run();
   fullNames_.erase(r.listId);
 }

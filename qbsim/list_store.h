@@ -32,6 +32,11 @@ struct ListSelection {
   int limit = 0;                        // 0 = all
 };
 
+// An entry of the deleted-items log, as views valid during the callback.
+struct DeletedRow {
+  std::string_view kind, id, timeCreated, timeDeleted, fullName;
+};
+
 class ListStore {
  public:
   explicit ListStore(CompanyFile& file) : file_(file) {}
@@ -63,14 +68,22 @@ class ListStore {
   void AddToTotal(std::string_view listId, int64_t delta);
   // Removes the record and notes it in the deleted-items log.
   void Delete(const ListRecord& record, WriteScope& scope);
+  // The deleted-items log for those kinds, oldest first; bounds are day counts (to: exclusive).
+  void SelectDeleted(std::span<const std::string> kinds, std::optional<double> from, std::optional<double> to,
+                     const std::function<void(const DeletedRow&)>& onRow);
 
  private:
   // A statement prepared once per store: bulk writes and per-record lookups reuse it.
   SqlStatement& Cached(const char* sql);
   void WriteRefs(std::string_view owner, std::span<const std::string> refs);
 
+  // Looked up by views, so answering a reference allocates nothing once its name is known.
+  struct ViewHash {
+    using is_transparent = void;
+    size_t operator()(std::string_view s) const noexcept { return std::hash<std::string_view>{}(s); }
+  };
   CompanyFile& file_;
-  std::unordered_map<std::string, std::string> fullNames_;
+  std::unordered_map<std::string, std::string, ViewHash, std::equal_to<>> fullNames_;
   std::map<const char*, SqlStatement> statements_;
 };
 

@@ -28,8 +28,6 @@ void CollectFirst(void* ctx, const char* fmt, ...) {
   while (!out->empty() && (out->back() == '\n' || out->back() == ' ')) out->pop_back();
 }
 
-void IgnoreStructured(void*, xmlErrorPtr) {}
-
 }  // namespace
 
 struct SchemaValidator::Impl {
@@ -98,9 +96,9 @@ std::string SchemaValidator::Validate(std::string_view message) const {
     return std::string("not well-formed: ") + (e && e->message ? e->message : "parse error");
   }
   xmlSchemaValidCtxtPtr vctx = xmlSchemaNewValidCtxt(impl_->schema);
+  // Only the plain handlers: setting structured ones (even to none) would reset these, and
+  // the validator's messages would go to standard error instead of into the answer.
   xmlSchemaSetValidErrors(vctx, CollectFirst, CollectFirst, &error);
-  xmlSchemaSetValidStructuredErrors(vctx, nullptr, nullptr);
-  (void)IgnoreStructured;
   int rc = xmlSchemaValidateDoc(vctx, doc);
   xmlSchemaFreeValidCtxt(vctx);
   xmlFreeDoc(doc);

@@ -69,6 +69,10 @@ struct FieldDef {
   bool (*when)(const ListObject&) = nullptr;
   void (*read)(ListObject&, const XmlNode&) = nullptr;
   void (*write)(ListObject&, xmlBldr&, WriteMode) = nullptr;
+  // The public property the row backs, where its name is not the tag ("Desc" is
+  // "Description"); the display text of a Custom row.
+  std::string_view property;
+  std::string (*text)(const ListObject&) = nullptr;
 
   FieldDef Add(Send how, Currency minVersion = Currency()) const {
     FieldDef f = *this; f.add = how; f.addMinVersion = minVersion; return f;
@@ -76,6 +80,7 @@ struct FieldDef {
   FieldDef Mod(Send how, Currency minVersion = Currency()) const {
     FieldDef f = *this; f.mod = how; f.modMinVersion = minVersion; return f;
   }
+  FieldDef As(std::string_view propertyName) const { FieldDef f = *this; f.property = propertyName; return f; }
   FieldDef NotInQuery() const { FieldDef f = *this; f.inQuery = false; return f; }
   FieldDef When(bool (*condition)(const ListObject&)) const { FieldDef f = *this; f.when = condition; return f; }
 };
@@ -134,10 +139,12 @@ inline FieldDef Dropped(std::string_view tag) {
   return f;
 }
 inline FieldDef Custom(std::string_view tag, void (*read)(ListObject&, const XmlNode&),
-                       void (*write)(ListObject&, xmlBldr&, WriteMode)) {
+                       void (*write)(ListObject&, xmlBldr&, WriteMode),
+                       std::string (*text)(const ListObject&) = nullptr) {
   FieldDef f = detail::Row(tag, FieldKind::Custom, {});
   f.read = read;
   f.write = write;
+  f.text = text;
   return f;
 }
 
@@ -215,5 +222,18 @@ struct ListClassInfo {
   std::vector<FieldDef> fields;
   std::vector<CheckDef> checks;
 };
+
+// The constant part of a class's info; the caller adds the key rule, fields and checks.
+inline ListClassInfo ClassOf(const char* className, qoEnumListObjectType objectType, qoEnumListType listType,
+                             ModifyRule modify = ModifyRule::Raise,
+                             const char* modifyMessage = "XMLModify not supported") {
+  ListClassInfo info;
+  info.className = className;
+  info.objectType = objectType;
+  info.listType = listType;
+  info.modify = modify;
+  info.modifyMessage = modifyMessage;
+  return info;
+}
 
 }  // namespace tessaron

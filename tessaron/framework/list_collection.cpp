@@ -224,8 +224,23 @@ std::shared_ptr<ListObject> ListCollectionBase::FindByFullName(const std::string
   Errors()->Clear();
   const Variant key(sFullName);
   if (ItemExists(key)) return ItemBase(key);
-  XmlDocument doc = Bldr().QuerySingleExecute(request.empty() ? info_.queryRequest : request, sFullName, "FullName",
-                                              0, info_.queryObjectType, "", mIncludeDataExt_);
+  return QueryOne(request, "FullName", sFullName, sMDBPath);
+}
+
+std::shared_ptr<ListObject> ListCollectionBase::FindByListID(const std::string& sListID, const std::string& sMDBPath,
+                                                             const std::string& request) {
+  if (sListID.empty()) return nullptr;
+  Bldr().Clear();
+  Errors()->Clear();
+  for (const auto& obj : mCol_)
+    if (obj->ListID() == sListID) return obj;
+  return QueryOne(request, "ListID", sListID, sMDBPath);
+}
+
+std::shared_ptr<ListObject> ListCollectionBase::QueryOne(const std::string& request, const std::string& identifier,
+                                                         const std::string& value, const std::string& sMDBPath) {
+  XmlDocument doc = Bldr().QuerySingleExecute(request.empty() ? info_.queryRequest : request, value, identifier, 0,
+                                              info_.queryObjectType, "", mIncludeDataExt_);
   if (Bldr().ErrNumber() != 0) {
     Errors()->Add(Bldr().ErrNumber(), "", Bldr().ErrMsg());
     return nullptr;
@@ -239,33 +254,7 @@ std::shared_ptr<ListObject> ListCollectionBase::FindByFullName(const std::string
   if (record.IsNull()) return nullptr;  // "no match" (status 1) counts as success and has no record
   std::shared_ptr<ListObject> obj = NewObject(record);
   obj->FromDom(record);
-  AddParsed(obj, Count() + 1);
-  return obj;
-}
-
-std::shared_ptr<ListObject> ListCollectionBase::FindByListID(const std::string& sListID, const std::string& sMDBPath,
-                                                             const std::string& request) {
-  if (sListID.empty()) return nullptr;
-  Bldr().Clear();
-  Errors()->Clear();
-  for (const auto& obj : mCol_)
-    if (obj->ListID() == sListID) return obj;
-  XmlDocument doc = Bldr().QuerySingleExecute(request.empty() ? info_.queryRequest : request, sListID, "ListID", 0,
-                                              info_.queryObjectType, "", mIncludeDataExt_);
-  if (Bldr().ErrNumber() != 0) {
-    Errors()->Add(Bldr().ErrNumber(), "", Bldr().ErrMsg());
-    return nullptr;
-  }
-  XmlNode queryRs = Responses(doc).item(0);
-  if (!sMDBPath.empty()) {
-    HandToMirror(queryRs, sMDBPath, info_.mirrorObjectName);
-    return nullptr;
-  }
-  XmlNode record = queryRs.childNodes().item(0);
-  if (record.IsNull()) return nullptr;
-  std::shared_ptr<ListObject> obj = NewObject(record);
-  obj->FromDom(record);
-  AddParsed(obj, Count() + 1);
+  AddParsed(obj, Count() + 1);  // a single get appends; the others stay
   return obj;
 }
 

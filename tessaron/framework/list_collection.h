@@ -157,6 +157,9 @@ class ListCollectionBase : public qcList {
 
  private:
   int32_t AfterSend(const XmlDocument& doc, const std::string& sMDBPath);
+  // The single-key query of GetByFullName and GetByListID; appends what it finds.
+  std::shared_ptr<ListObject> QueryOne(const std::string& request, const std::string& identifier,
+                                       const std::string& value, const std::string& sMDBPath);
   void Parse(const XmlNode& queryRs);
   void RequestStep(xmlBldr& b, ListObject& obj, int16_t requestId, int& added);
   int32_t ResponseStep(const XmlNode& node, const std::shared_ptr<ListObject>& obj);

@@ -252,6 +252,37 @@ void ListObject::WriteRows(xmlBldr& b, WriteMode mode) {
   }
 }
 
+// ---- Display ---------------------------------------------------------------------------
+
+std::vector<ListObject::PropertyText> ListObject::Properties() {
+  std::vector<PropertyText> out;
+  out.reserve(info_.fields.size());
+  for (const FieldDef& row : info_.fields) {
+    if (!row.inQuery) continue;
+    std::string_view name = row.property.empty() ? row.tag : row.property;
+    if (row.kind == FieldKind::Custom) {
+      out.push_back({name, row.text ? row.text(*this) : std::string(), row.kind});
+    } else if (row.kind == FieldKind::Ref) {
+      const auto& ref = At<std::shared_ptr<qcListObjectRef>>(*this, row.member);
+      out.push_back({name, ref ? ref->FullName() : std::string(), row.kind});
+    } else if (row.tag == "FullName") {
+      out.push_back({name, FullName(), row.kind});
+    } else if (row.kind == FieldKind::Boolean) {
+      out.push_back({name, At<bool>(*this, row.member) ? "true" : "false", row.kind});
+    } else if ((row.kind == FieldKind::Date || row.kind == FieldKind::DateTime) && At<Date>(*this, row.member) == 0) {
+      out.push_back({name, std::string(), row.kind});
+    } else if (row.kind == FieldKind::Amount || row.kind == FieldKind::Quantity || row.kind == FieldKind::Percent) {
+      out.push_back({name, At<Currency>(*this, row.member).ToString(), row.kind});
+    } else if (row.kind == FieldKind::Enum) {
+      const int32_t code = At<int32_t>(*this, row.member);
+      out.push_back({name, code == 0 ? std::string() : ValueText(row, *this, WriteMode::QueryRs), row.kind});
+    } else {
+      out.push_back({name, ValueText(row, *this, WriteMode::QueryRs), row.kind});
+    }
+  }
+  return out;
+}
+
 // ---- Validation ------------------------------------------------------------------------
 
 bool ListObject::Validate() {
@@ -275,6 +306,12 @@ bool ListObject::Validate() {
 
 // ---- Common rows -----------------------------------------------------------------------
 
+std::vector<FieldDef> ListObject::Common::Rows(std::initializer_list<FieldDef> own) {
+  std::vector<FieldDef> rows{ListID(), TimeCreated(), TimeModified(), EditSequence()};
+  rows.insert(rows.end(), own.begin(), own.end());
+  return rows;
+}
+
 FieldDef ListObject::Common::ListID() { return field::Text("ListID", &ListObject::listID_).Mod(Send::Always); }
 FieldDef ListObject::Common::TimeCreated() { return field::DateTime("TimeCreated", &ListObject::timeCreated_); }
 FieldDef ListObject::Common::TimeModified() { return field::DateTime("TimeModified", &ListObject::timeModified_); }
@@ -289,7 +326,7 @@ FieldDef ListObject::Common::IsActive(Send add, Send mod) {
   return field::Boolean("IsActive", &ListObject::isActive_).Add(add).Mod(mod);
 }
 FieldDef ListObject::Common::ParentRef() {
-  return field::Ref("ParentRef", &ListObject::parentRef_, static_cast<qoEnumListType>(0)).Add(Send::IfSet);
+  return field::Ref("ParentRef", &ListObject::parentRef_, static_cast<qoEnumListType>(0)).Add(Send::IfSet).As("Parent");
 }
 FieldDef ListObject::Common::Sublevel() { return field::Int16("Sublevel", &ListObject::sublevel_); }
 

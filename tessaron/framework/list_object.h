@@ -9,14 +9,16 @@
 //    field rule: `Store(desc_, value, /*readOnlyUnlessNew=*/false)` (Form A) or
 //    `StoreFromVersion(desc_, value, 3)` (Form B); `SetIfChanged` where a setter must not
 //    dirty an object when the value is the same.
-// 2. In `vehicle.cpp`, one static `ListClassInfo`: class name, object type, list type,
-//    key rule, modify rule, then the field table in the order of the query-response
-//    element, which is also the order of the add and modify requests:
-//        Common::ListID(), Common::TimeCreated(), Common::TimeModified(), Common::EditSequence(),
-//        Common::Name(Send::Always), Common::IsActive(),
-//        field::Text("Desc", &Vehicle::desc_).Add(Send::IfSet).Mod(Send::Always),
-//    and the check table: `check::Required(...)`, `check::MaxLength(...)`,
-//    `check::Custom(fn)`. The constructor passes the info to ListObject.
+// 2. In `vehicle.cpp`, one static `ListClassInfo` made by a private static `Info()`:
+//        ListClassInfo i = ClassOf("Vehicle", qoObjectTypeVehicle, qoListVehicles);  // + modify rule
+//        i.fields = Common::Rows({Common::Name(Send::Always), Common::IsActive(),
+//                                 field::Text("Desc", &Vehicle::desc_).Add(Send::IfSet).Mod(Send::Always)});
+//        i.checks = {Common::NameCheck(31, err::kNameTooLong, err::kNameTooLongText),
+//                    check::MaxLength(&Vehicle::desc_, "Desc", 99, ...), check::Custom(&Vehicle::CheckMore)};
+//    The field table is in the order of the query-response element, which is also the
+//    order of the add and modify requests; each row says how it travels in each (Send),
+//    from which qbXML version, and under which property name it is shown (As). The
+//    constructor passes `Info()` to ListObject.
 // 3. The collection: `class Vehicles final : public ListCollection<Vehicle>` with a static
 //    `ListCollectionInfo` (request name, list type, what a Dirty object does, ...), its
 //    `Add(...)` built on `AddNew`, and any query of its own built on `RunQuery`
@@ -30,6 +32,7 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "tessaron/foundation/enum_types.h"
 #include "tessaron/framework/field_table.h"
@@ -82,8 +85,19 @@ class ListObject : public qcListObject {
 
   const ListClassInfo& ClassInfo() const { return info_; }
 
+  // The record as property name and display text, in the order of the field table: what
+  // a listing shows. References give the target's full name, FullName the computed one.
+  struct PropertyText {
+    std::string_view name;
+    std::string text;
+    FieldKind kind;
+  };
+  std::vector<PropertyText> Properties();
+
   // Rows for the common fields, in the form most classes use.
   struct Common {
+    // ListID, TimeCreated, TimeModified and EditSequence, which open every record, then `own`.
+    static std::vector<FieldDef> Rows(std::initializer_list<FieldDef> own);
     static FieldDef ListID();        // read; first in a modify
     static FieldDef TimeCreated();
     static FieldDef TimeModified();

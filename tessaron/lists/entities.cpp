@@ -10,14 +10,10 @@ namespace {
 const ListClassInfo& RecordClass() {
   static const ListClassInfo info = [] {
     using C = ListObject::Common;
-    ListClassInfo i;
-    i.className = "Entity";
-    i.objectType = qoObjectTypeEntity;
-    i.listType = qoListEntity;
+    ListClassInfo i = ClassOf("Entity", qoObjectTypeEntity, qoListEntity, ModifyRule::Raise, "Insert not allowed");
     i.supportsChildren = true;
     i.key = KeyRule::TreeFullName;
-    i.fields = {C::ListID(), C::TimeCreated(), C::TimeModified(), C::EditSequence(), C::Name(Send::Never),
-                C::FullName(), C::IsActive(Send::Never), C::ParentRef(), C::Sublevel()};
+    i.fields = C::Rows({C::Name(Send::Never), C::FullName(), C::IsActive(Send::Never), C::ParentRef(), C::Sublevel()});
     return i;
   }();
   return info;

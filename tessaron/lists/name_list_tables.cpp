@@ -6,16 +6,10 @@ namespace tessaron::name_lists {
 
 ListClassInfo TreeInfo(const char* className, qoEnumListObjectType objectType, qoEnumListType listType) {
   using C = ListObject::Common;
-  ListClassInfo info;
-  info.className = className;
-  info.objectType = objectType;
-  info.listType = listType;
+  ListClassInfo info = ClassOf(className, objectType, listType, ModifyRule::Raise, "XMLModify not allowed");
   info.supportsChildren = true;
   info.key = KeyRule::TreeFullName;
-  info.modify = ModifyRule::Raise;
-  info.modifyMessage = "XMLModify not allowed";
-  info.fields = {C::ListID(),   C::TimeCreated(),    C::TimeModified(), C::EditSequence(), C::Name(Send::Always),
-                 C::FullName(), C::IsActive(),       C::ParentRef(),    C::Sublevel()};
+  info.fields = C::Rows({C::Name(Send::Always), C::FullName(), C::IsActive(), C::ParentRef(), C::Sublevel()});
   info.checks = {C::NameCheck(31, err::kNameTooLong, err::kNameTooLongText), C::ParentCheck()};
   return info;
 }
@@ -23,13 +17,8 @@ ListClassInfo TreeInfo(const char* className, qoEnumListObjectType objectType, q
 ListClassInfo FlatInfo(const char* className, qoEnumListObjectType objectType, qoEnumListType listType, Send nameAdd,
                        CheckDef nameCheck) {
   using C = ListObject::Common;
-  ListClassInfo info;
-  info.className = className;
-  info.objectType = objectType;
-  info.listType = listType;
-  info.modify = ModifyRule::Raise;
-  info.modifyMessage = "Modify not allowed";
-  info.fields = {C::ListID(), C::TimeCreated(), C::TimeModified(), C::EditSequence(), C::Name(nameAdd), C::IsActive()};
+  ListClassInfo info = ClassOf(className, objectType, listType, ModifyRule::Raise, "Modify not allowed");
+  info.fields = C::Rows({C::Name(nameAdd), C::IsActive()});
   info.checks = {nameCheck};
   return info;
 }

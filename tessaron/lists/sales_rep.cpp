@@ -11,15 +11,10 @@ namespace tessaron {
 const ListClassInfo& SalesRep::Info() {
   static const ListClassInfo info = [] {
     using C = ListObject::Common;
-    ListClassInfo i;
-    i.className = "SalesRep";
-    i.objectType = qoObjectTypeSalesRep;
-    i.listType = qoListSalesRep;
-    i.modify = ModifyRule::Raise;
-    i.modifyMessage = "XMLModify not supported";
-    i.fields = {C::ListID(), C::TimeCreated(), C::TimeModified(), C::EditSequence(),
-                field::Text("Initial", &SalesRep::initial_).Add(Send::IfSet), C::IsActive(),
-                field::Ref("SalesRepEntityRef", &SalesRep::entityRef_, qoListSalesRep).Add(Send::IfSet)};
+    ListClassInfo i = ClassOf("SalesRep", qoObjectTypeSalesRep, qoListSalesRep);
+    i.fields = C::Rows(
+        {field::Text("Initial", &SalesRep::initial_).Add(Send::IfSet), C::IsActive(),
+         field::Ref("SalesRepEntityRef", &SalesRep::entityRef_, qoListSalesRep).Add(Send::IfSet).As("Entity")});
     i.checks = {check::MaxLength(&SalesRep::initial_, "Initial", 5, err::kInitialsTooLong, err::kInitialsTooLongText),
                 check::Custom(&SalesRep::CheckEntity)};
     return i;

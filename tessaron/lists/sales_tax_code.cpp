@@ -13,24 +13,15 @@ std::vector<CheckDef> CodeChecks(std::string Obj::*desc) {
           check::MaxLength(desc, "Description", 31, err::kSalesTaxCodeDescTooLong, err::kSalesTaxCodeDescTooLongText)};
 }
 
-ListClassInfo CodeClass(const char* name, qoEnumListObjectType objectType, qoEnumListType listType) {
-  ListClassInfo i;
-  i.className = name;
-  i.objectType = objectType;
-  i.listType = listType;
-  i.modify = ModifyRule::Raise;
-  i.modifyMessage = "XMLModify not supported";
-  return i;
-}
 }  // namespace
 
 const ListClassInfo& SalesTaxCode::Info() {
   static const ListClassInfo info = [] {
     using C = ListObject::Common;
-    ListClassInfo i = CodeClass("SalesTaxCode", qoObjectTypeSalesTaxCode, qoListSalesTaxCodes);
-    i.fields = {C::ListID(), C::TimeCreated(), C::TimeModified(), C::EditSequence(), C::Name(Send::Always),
-                C::IsActive(), field::Boolean("IsTaxable", &SalesTaxCode::isTaxable_).Add(Send::Always),
-                field::Text("Desc", &SalesTaxCode::desc_).Add(Send::IfSet)};
+    ListClassInfo i = ClassOf("SalesTaxCode", qoObjectTypeSalesTaxCode, qoListSalesTaxCodes);
+    i.fields = C::Rows({C::Name(Send::Always), C::IsActive(),
+                        field::Boolean("IsTaxable", &SalesTaxCode::isTaxable_).Add(Send::Always),
+                        field::Text("Desc", &SalesTaxCode::desc_).Add(Send::IfSet).As("Description")});
     i.checks = CodeChecks(&SalesTaxCode::desc_);
     return i;
   }();
@@ -40,9 +31,8 @@ const ListClassInfo& SalesTaxCode::Info() {
 const ListClassInfo& TaxCode::Info() {
   static const ListClassInfo info = [] {
     using C = ListObject::Common;
-    ListClassInfo i = CodeClass("TaxCode", qoObjectTypeTaxCode, static_cast<qoEnumListType>(0));
-    i.fields = {C::ListID(), C::TimeCreated(), C::TimeModified(), C::EditSequence(), C::Name(Send::Always),
-                C::IsActive(), field::Text("Desc", &TaxCode::desc_).Add(Send::IfSet)};
+    ListClassInfo i = ClassOf("TaxCode", qoObjectTypeTaxCode, static_cast<qoEnumListType>(0));
+    i.fields = C::Rows({C::Name(Send::Always), C::IsActive(), field::Text("Desc", &TaxCode::desc_).Add(Send::IfSet)});
     i.checks = CodeChecks(&TaxCode::desc_);
     return i;
   }();

@@ -10,12 +10,7 @@ namespace tessaron {
 const ListClassInfo& Template::Info() {
   static const ListClassInfo info = [] {
     using C = ListObject::Common;
-    ListClassInfo i;
-    i.className = "Template";
-    i.objectType = qoObjectTypeTemplate;
-    i.listType = qoListTemplates;
-    i.modify = ModifyRule::Raise;
-    i.modifyMessage = "XMLModify not supported";
+    ListClassInfo i = ClassOf("Template", qoObjectTypeTemplate, qoListTemplates);
     // A template kind outside the table is kept as 0 rather than failing the whole query.
     auto read = [](ListObject& obj, const XmlNode& node) {
       const std::string text = node.text();
@@ -30,8 +25,12 @@ const ListClassInfo& Template::Info() {
       auto& self = static_cast<Template&>(obj);
       if (self.appliesTo_ != 0) b.CreateElement("TemplateType", EnumCodeToXML(self.appliesTo_, qoeTxnType));
     };
-    i.fields = {C::ListID(),  C::TimeCreated(), C::TimeModified(), C::EditSequence(), C::Name(Send::Never),
-                C::IsActive(Send::Never), field::Custom("TemplateType", read, write)};
+    auto text = [](const ListObject& obj) {
+      const int32_t code = static_cast<const Template&>(obj).appliesTo_;
+      return code == 0 ? std::string() : EnumCodeToXML(code, qoeTxnType);
+    };
+    i.fields = C::Rows({C::Name(Send::Never), C::IsActive(Send::Never),
+                        field::Custom("TemplateType", read, write, text).As("AppliesTo")});
     return i;
   }();
   return info;

@@ -12,12 +12,7 @@ namespace tessaron {
 namespace {
 
 ListClassInfo TermClass(const char* name, qoEnumListObjectType objectType) {
-  ListClassInfo i;
-  i.className = name;
-  i.objectType = objectType;
-  i.listType = qoListTerms;
-  i.modify = ModifyRule::Raise;
-  i.modifyMessage = "XMLModify not supported";
+  ListClassInfo i = ClassOf(name, objectType, qoListTerms);
   // The limit tested is 41 although the message says 31; both are the system's.
   i.checks = {ListObject::Common::NameCheck(41, err::kNameTooLong, err::kNameTooLongText)};
   return i;
@@ -54,10 +49,9 @@ const ListClassInfo& StandardTerm::Info() {
   static const ListClassInfo info = [] {
     using C = ListObject::Common;
     ListClassInfo i = TermClass("StandardTerms", qoObjectTypeStandardTerms);
-    i.fields = {C::ListID(), C::TimeCreated(), C::TimeModified(), C::EditSequence(), C::Name(Send::Always),
-                C::IsActive(), field::Int16("StdDueDays", &StandardTerm::dueDays_).Add(Send::IfPositive),
-                field::Int16("StdDiscountDays", &StandardTerm::discountDays_).Add(Send::IfPositive),
-                field::Percent("DiscountPct", &StandardTerm::discountPct_).Add(Send::IfPositive)};
+    i.fields = C::Rows({C::Name(Send::Always), C::IsActive(), field::Int16("StdDueDays", &StandardTerm::dueDays_).Add(Send::IfPositive).As("DueDays"),
+                field::Int16("StdDiscountDays", &StandardTerm::discountDays_).Add(Send::IfPositive).As("DiscountDays"),
+                field::Percent("DiscountPct", &StandardTerm::discountPct_).Add(Send::IfPositive).As("DiscountPercent")});
     return i;
   }();
   return info;
@@ -83,11 +77,10 @@ const ListClassInfo& DateDrivenTerm::Info() {
   static const ListClassInfo info = [] {
     using C = ListObject::Common;
     ListClassInfo i = TermClass("DateDrivenTerms", qoObjectTypeDateDrivenTerms);
-    i.fields = {C::ListID(), C::TimeCreated(), C::TimeModified(), C::EditSequence(), C::Name(Send::Always),
-                C::IsActive(), field::Int16("DayOfMonthDue", &DateDrivenTerm::dayOfMonthDue_).Add(Send::IfPositive),
+    i.fields = C::Rows({C::Name(Send::Always), C::IsActive(), field::Int16("DayOfMonthDue", &DateDrivenTerm::dayOfMonthDue_).Add(Send::IfPositive),
                 field::Int16("DueNextMonthDays", &DateDrivenTerm::dueNextMonthDays_).Add(Send::IfPositive),
                 field::Int16("DiscountDayOfMonth", &DateDrivenTerm::discountDayOfMonth_).Add(Send::IfPositive),
-                field::Percent("DiscountPct", &DateDrivenTerm::discountPct_).Add(Send::IfPositive)};
+                field::Percent("DiscountPct", &DateDrivenTerm::discountPct_).Add(Send::IfPositive).As("DiscountPercent")});
     return i;
   }();
   return info;

@@ -17,15 +17,10 @@ std::string PositionKey(long position) { return std::to_string(position) + "~"; 
 const ListClassInfo& ToDo::Info() {
   static const ListClassInfo info = [] {
     using C = ListObject::Common;
-    ListClassInfo i;
-    i.className = "ToDo";
-    i.objectType = qoObjectTypeToDo;
-    i.listType = qoListToDo;
-    i.modify = ModifyRule::Ignore;
-    i.fields = {C::ListID(), C::TimeCreated(), C::TimeModified(), C::EditSequence(),
-                field::Text("Notes", &ToDo::notes_).Add(Send::IfSet), C::IsActive(),
-                field::Boolean("IsDone", &ToDo::isDone_).Add(Send::Always),
-                field::DateOnly("ReminderDate", &ToDo::reminderDate_).Add(Send::IfSet)};
+    ListClassInfo i = ClassOf("ToDo", qoObjectTypeToDo, qoListToDo, ModifyRule::Ignore);
+    i.fields = C::Rows({field::Text("Notes", &ToDo::notes_).Add(Send::IfSet), C::IsActive(),
+                        field::Boolean("IsDone", &ToDo::isDone_).Add(Send::Always),
+                        field::DateOnly("ReminderDate", &ToDo::reminderDate_).Add(Send::IfSet)});
     i.checks = {check::Required(&ToDo::notes_, "Notes", err::kNotesNull, err::kNotesNullText, 4095,
                                 err::kNotesTooLong, err::kNotesTooLongText)};
     return i;

@@ -48,19 +48,14 @@ class Gadget final : public ListObject {
   static const ListClassInfo& Info() {
     static const ListClassInfo info = [] {
       using C = ListObject::Common;
-      ListClassInfo i;
-      i.className = "Gadget";
-      i.objectType = qoObjectTypeCustomer;
-      i.listType = qoListCustomers;
+      ListClassInfo i = ClassOf("Gadget", qoObjectTypeCustomer, qoListCustomers, ModifyRule::Write);
       i.queryBooleans = QueryBooleans::Digits;
-      i.modify = ModifyRule::Write;
-      i.fields = {C::ListID(), C::TimeCreated(), C::TimeModified(), C::EditSequence(),
-                  C::Name(Send::IfSet, Send::Always), C::IsActive(Send::Always, Send::Always),
+      i.fields = C::Rows({C::Name(Send::IfSet, Send::Always), C::IsActive(Send::Always, Send::Always),
                   field::Ref("TermsRef", &Gadget::termsRef_, qoListTerms).Add(Send::IfSet).Mod(Send::Forced, 3),
                   field::Amount("OpenBalance", &Gadget::opening_).Add(Send::IfSet),
                   field::Text("AltContact", &Gadget::altContact_).Add(Send::IfSet).Mod(Send::Always),
                   field::Text("Notes", &Gadget::notes_).Add(Send::IfSet, 3).Mod(Send::Always, 3),
-                  field::Dropped("CurrencyRef")};
+                  field::Dropped("CurrencyRef")});
       return i;
     }();
     return info;

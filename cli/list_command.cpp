@@ -1,0 +1,207 @@
+// tessaron list COLLECTION --company FILE [--all|--active] [--name-match TEXT --match starts|contains|ends]
+//                          [--name-from A --name-to B] [--format table|json|csv]
+#include <algorithm>
+#include <iostream>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "cli/commands.h"
+#include "qbsim/qbsim.h"
+#include "tessaron/connection/qb_connection.h"
+#include "tessaron/foundation/enum_codes.h"
+#include "tessaron/foundation/qc_error.h"
+#include "tessaron/framework/lists.h"
+#include "tessaron/lists/list_catalog.h"
+#include "tessaron/platform/text.h"
+
+namespace tessaron::cli {
+
+namespace {
+
+struct Table {
+  std::vector<std::string> columns;
+  std::vector<std::vector<std::string>> rows;
+  std::vector<FieldKind> kinds;
+};
+
+// The columns are the properties of the records' classes, in table order; a collection
+// of two kinds (Terms) shows the union.
+Table Collect(ListCollectionBase& list) {
+  Table t;
+  std::vector<std::vector<ListObject::PropertyText>> records;
+  for (const auto& obj : list.NewEnum()) records.push_back(std::static_pointer_cast<ListObject>(obj)->Properties());
+  for (const auto& record : records)
+    for (const auto& p : record)
+      if (std::find(t.columns.begin(), t.columns.end(), p.name) == t.columns.end()) {
+        t.columns.emplace_back(p.name);
+        t.kinds.push_back(p.kind);
+      }
+  for (const auto& record : records) {
+    std::vector<std::string> row(t.columns.size());
+    for (const auto& p : record)
+      row[std::find(t.columns.begin(), t.columns.end(), p.name) - t.columns.begin()] = p.text;
+    t.rows.push_back(std::move(row));
+  }
+  return t;
+}
+
+void PrintTable(const Table& t) {
+  std::vector<size_t> width(t.columns.size());
+  for (size_t c = 0; c < t.columns.size(); ++c) {
+    width[c] = Utf16Length(t.columns[c]);
+    for (const auto& row : t.rows) width[c] = std::max(width[c], Utf16Length(row[c]));
+  }
+  auto line = [&](const std::vector<std::string>& cells) {
+    std::string out;
+    for (size_t c = 0; c < cells.size(); ++c) {
+      out += cells[c];
+      if (c + 1 < cells.size()) out.append(width[c] - Utf16Length(cells[c]) + 2, ' ');
+    }
+    std::cout << out << "\n";
+  };
+  line(t.columns);
+  std::vector<std::string> rule;
+  for (size_t w : width) rule.emplace_back(w, '-');
+  line(rule);
+  for (const auto& row : t.rows) line(row);
+}
+
+std::string JsonString(const std::string& s) {
+  std::string out = "\"";
+  for (unsigned char ch : s) {
+    switch (ch) {
+      case '"': out += "\\\""; break;
+      case '\\': out += "\\\\"; break;
+      case '\n': out += "\\n"; break;
+      case '\r': out += "\\r"; break;
+      case '\t': out += "\\t"; break;
+      default:
+        if (ch < 0x20) {
+          char esc[8];
+          std::snprintf(esc, sizeof esc, "\\u%04x", ch);
+          out += esc;
+        } else {
+          out += static_cast<char>(ch);
+        }
+    }
+  }
+  return out + "\"";
+}
+
+std::string JsonValue(const std::string& text, FieldKind kind) {
+  switch (kind) {
+    case FieldKind::Boolean: return text;
+    case FieldKind::Int16:
+    case FieldKind::Amount:
+    case FieldKind::Quantity:
+    case FieldKind::Percent: return text.empty() ? "null" : text;
+    default: return JsonString(text);
+  }
+}
+
+void PrintJson(const Table& t) {
+  std::cout << "[";
+  for (size_t r = 0; r < t.rows.size(); ++r) {
+    std::cout << (r ? ",\n " : "\n ") << "{";
+    for (size_t c = 0; c < t.columns.size(); ++c)
+      std::cout << (c ? ", " : "") << JsonString(t.columns[c]) << ": " << JsonValue(t.rows[r][c], t.kinds[c]);
+    std::cout << "}";
+  }
+  std::cout << (t.rows.empty() ? "]\n" : "\n]\n");
+}
+
+std::string CsvCell(const std::string& s) {
+  if (s.find_first_of(",\"\r\n") == std::string::npos) return s;
+  return "\"" + ReplaceAll(s, "\"", "\"\"") + "\"";
+}
+
+void PrintCsv(const Table& t) {
+  auto line = [](const std::vector<std::string>& cells) {
+    for (size_t c = 0; c < cells.size(); ++c) std::cout << (c ? "," : "") << CsvCell(cells[c]);
+    std::cout << "\r\n";
+  };
+  line(t.columns);
+  for (const auto& row : t.rows) line(row);
+}
+
+std::string NamesText() {
+  std::string out;
+  for (const auto& n : ListCollectionNames()) out += (out.empty() ? "" : ", ") + n;
+  return out;
+}
+
+}  // namespace
+
+void AddListCommand(CLI::App& app, const GlobalOptions& global) {
+  CLI::App* cmd = app.add_subcommand("list", "List the records of a list collection through the library's queries");
+  struct Args {
+    std::string collection;
+    std::string file;
+    bool all = false;
+    bool active = false;
+    std::string nameMatch;
+    std::string match = "starts";
+    std::string nameFrom;
+    std::string nameTo;
+    std::string format = "table";
+  };
+  auto args = std::make_shared<Args>();
+  cmd->add_option("COLLECTION", args->collection, "The collection, by its name: " + NamesText())->required();
+  cmd->add_option("--company", args->file, "The company file")->required();
+  auto* all = cmd->add_flag("--all", args->all, "All records, active or not (the default)");
+  cmd->add_flag("--active", args->active, "Only active records")->excludes(all);
+  auto* match = cmd->add_option("--name-match", args->nameMatch, "Records whose name matches TEXT")->option_text("TEXT");
+  cmd->add_option("--match", args->match, "How --name-match matches")
+      ->check(CLI::IsMember({"starts", "contains", "ends"}))
+      ->capture_default_str();
+  auto* from = cmd->add_option("--name-from", args->nameFrom, "Records from this name on")->option_text("A");
+  auto* to = cmd->add_option("--name-to", args->nameTo, "Records up to this name")->option_text("B");
+  from->needs(to);
+  to->needs(from);
+  match->excludes(from)->excludes(to)->excludes(all);
+  from->excludes(all);
+  cmd->add_option("--format", args->format, "Output: an aligned table, one JSON array, or CSV with a header row")
+      ->check(CLI::IsMember({"table", "json", "csv"}))
+      ->capture_default_str();
+
+  cmd->callback([args, &global] {
+    std::shared_ptr<ListCollectionBase> list = CreateListCollection(args->collection);
+    if (!list) throw CLI::ValidationError("COLLECTION", "is not a list collection; one of: " + NamesText());
+    qbsim::RegisterProcessor();
+    QBConnection connection;
+    if (!global.transcript.empty()) connection.SetDebugLogPath(global.transcript);
+    connection.Connect("", "tessaron list", qbFileOpenDoNotCare, args->file);
+    auto lists = std::make_shared<Lists>();
+    SetCurrentLists(lists);
+    if (list->ListType() != 0) {
+      list->SetMaster(true);
+      lists->AddObject(list, ListTypeKey(list->ListType()));
+    }
+    if (!args->nameMatch.empty()) {
+      const int32_t how = args->match == "starts" ? qbMatchStartsWith
+                          : args->match == "contains" ? qbMatchContains
+                                                      : qbMatchEndsWith;
+      list->GetByNameMatch(args->nameMatch, how);
+    } else if (!args->nameFrom.empty()) {
+      list->GetByNameRange(args->nameFrom, args->nameTo);
+    } else if (args->active) {
+      list->GetActive();
+    } else {
+      list->GetAll();
+    }
+    if (list->Errors()->Count() > 0) {
+      auto e = list->Errors()->Item(1);
+      SetCurrentLists(nullptr);
+      throw Error(e->Number(), "tessaron list", e->Description());
+    }
+    const Table table = Collect(*list);
+    SetCurrentLists(nullptr);
+    connection.CloseConnection();
+    if (args->format == "json") PrintJson(table);
+    else if (args->format == "csv") PrintCsv(table);
+    else PrintTable(table);
+  });
+}
+
+}  // namespace tessaron::cli

@@ -1,0 +1,96 @@
+// The tessaron command, run as a user runs it.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <array>
+#include <cstdio>
+#include <fstream>
+#include <sys/wait.h>
+
+#include "tests/support/qbxml_check.h"
+
+namespace {
+
+struct Outcome {
+  int exitCode = -1;
+  std::string out, err;
+};
+
+Outcome Tessaron(const std::string& args, const tessaron::testing::TempDir& dir) {
+  std::string errFile = dir.File("stderr.txt");
+  std::string command = std::string(TESSARON_BINARY_DIR) + "/cli/tessaron " + args + " 2>" + errFile;
+  Outcome r;
+  FILE* p = popen(command.c_str(), "r");
+  std::array<char, 4096> buf;
+  while (size_t n = fread(buf.data(), 1, buf.size(), p)) r.out.append(buf.data(), n);
+  int status = pclose(p);
+  r.exitCode = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+  std::ifstream in(errFile);
+  r.err.assign(std::istreambuf_iterator<char>(in), {});
+  return r;
+}
+
+class TessaronCommand : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    company_ = dir_.File("demo.qbw");
+    Outcome r = Tessaron("company create " + company_ + " --size 30 --edition CA --qbxml-version 3.0", dir_);
+    ASSERT_EQ(r.exitCode, 0) << r.err;
+  }
+  tessaron::testing::TempDir dir_;
+  std::string company_;
+};
+
+TEST_F(TessaronCommand, HostPrintsTheHostRecordOfTheCompanyFile) {
+  Outcome r = Tessaron("host --company " + company_, dir_);
+  ASSERT_EQ(r.exitCode, 0) << r.err;
+  EXPECT_NE(r.out.find("Country                CA"), std::string::npos) << r.out;
+  EXPECT_NE(r.out.find("SupportedQBXMLVersion  CA3.0"), std::string::npos) << r.out;
+}
+
+TEST_F(TessaronCommand, SendPrintsTheResponseAsTheProcessorReturnedItAndKeepsTheTranscript) {
+  std::string request =
+      "<?xml version=\"1.0\" ?><!DOCTYPE QBXML PUBLIC '-//INTUIT//DTD QBXML QBD CA3.0//EN' ><QBXML>"
+      "<QBXMLMsgsRq onError = \"continueOnError\"><ClassQueryRq requestID=\"1\"><FullName>Trade:Export</FullName>"
+      "</ClassQueryRq></QBXMLMsgsRq></QBXML>\n";
+  std::ofstream(dir_.File("rq.xml")) << request;
+  Outcome r = Tessaron("--transcript " + dir_.File("log.xml") + " send " + dir_.File("rq.xml") + " --company " + company_,
+                   dir_);
+  ASSERT_EQ(r.exitCode, 0) << r.err;
+  EXPECT_EQ(r.out.rfind("<?xml version=\"1.0\" ?><QBXML><QBXMLMsgsRs><ClassQueryRs requestID=\"1\" statusCode=\"0\"", 0),
+            0u)
+      << r.out;
+  EXPECT_TRUE(tessaron::testing::IsValidQbxml(r.out));
+  std::ifstream log(dir_.File("log.xml"));
+  std::string text((std::istreambuf_iterator<char>(log)), {});
+  EXPECT_NE(text.find("<OUTGOING>"), std::string::npos);
+  EXPECT_NE(text.find("Trade:Export"), std::string::npos);
+}
+
+TEST_F(TessaronCommand, FailuresPrintOneLineAndExitNonZero) {
+  Outcome r = Tessaron("host --company " + dir_.File("missing.qbw"), dir_);
+  EXPECT_NE(r.exitCode, 0);
+  EXPECT_EQ(std::count(r.err.begin(), r.err.end(), '\n'), 1) << r.err;
+  EXPECT_NE(r.err.find("0x80040403"), std::string::npos) << r.err;
+  Outcome again = Tessaron("company create " + company_, dir_);
+  EXPECT_NE(again.exitCode, 0);
+  EXPECT_NE(again.err.find("exists"), std::string::npos) << again.err;
+}
+
+TEST_F(TessaronCommand, DemoConnectsAndCloses) {
+  Outcome r = Tessaron("demo --company " + company_, dir_);
+  ASSERT_EQ(r.exitCode, 0) << r.err;
+  EXPECT_NE(r.out.find("qbXML       CA3.0"), std::string::npos) << r.out;
+  EXPECT_NE(r.out.find("Connection closed."), std::string::npos) << r.out;
+}
+
+TEST_F(TessaronCommand, EveryCommandHasHelp) {
+  for (const char* args : {"--help", "company --help", "company create --help", "send --help", "host --help",
+                           "demo --help", "version --help"}) {
+    Outcome r = Tessaron(args, dir_);
+    EXPECT_EQ(r.exitCode, 0) << args;
+    EXPECT_NE(r.out.find("Usage"), std::string::npos) << args;
+  }
+}
+
+}  // namespace
