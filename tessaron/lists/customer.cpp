@@ -17,6 +17,7 @@ const Currency kV3 = Currency(3);
 const Currency kNever = Currency(999);
 
 Customer& Self(ListObject& o) { return static_cast<Customer&>(o); }
+const Customer& Self(const ListObject& o) { return static_cast<const Customer&>(o); }
 
 bool IsUSEdition(const ListObject&) { return !State().IsNonUSProduct; }
 
@@ -34,6 +35,22 @@ void ReadAddress(std::shared_ptr<Address>& address, const XmlNode& node) {
   address->FromDom(node);
 }
 
+// An address on one line, for listings: "1 Main St, Bayshore, CA 94326".
+std::string AddressText(const std::shared_ptr<Address>& a) {
+  if (!a) return {};
+  std::string out;
+  for (const std::string* part : {&a->Line1(), &a->Line2(), &a->Line3(), &a->Line4(), &a->City()}) {
+    if (part->empty()) continue;
+    if (!out.empty()) out += ", ";
+    out += *part;
+  }
+  std::string tail = a->State();
+  if (!a->PostalCode().empty()) tail += (tail.empty() ? "" : " ") + a->PostalCode();
+  if (!a->Country().empty()) tail += (tail.empty() ? "" : ", ") + a->Country();
+  if (!tail.empty()) out += (out.empty() ? "" : ", ") + tail;
+  return out;
+}
+
 void CheckAddress(const std::shared_ptr<Address>& address, const char* field, qcErrors& errors) {
   if (address && (address->Validate(), address->Errors()->Count() > 0))
     errors.Add(err::kAddressError, field, err::kAddressErrorText);
@@ -44,14 +61,10 @@ void CheckAddress(const std::shared_ptr<Address>& address, const char* field, qc
 const ListClassInfo& Customer::Info() {
   using C = ListObject::Common;
   static const ListClassInfo info = [] {
-    ListClassInfo i;
-    i.className = "Customer";
-    i.objectType = qoObjectTypeCustomer;
-    i.listType = qoListCustomers;
+    ListClassInfo i = ClassOf("Customer", qoObjectTypeCustomer, qoListCustomers, ModifyRule::Write);
     i.supportsChildren = true;
     i.key = KeyRule::TreeFullName;
     i.queryBooleans = QueryBooleans::Digits;
-    i.modify = ModifyRule::Write;
     auto text = [](std::string_view tag, std::string Customer::*m) {
       return field::Text(tag, m).Add(Send::IfSet).Mod(Send::Always);
     };
@@ -61,11 +74,7 @@ const ListClassInfo& Customer::Info() {
     auto addOnly = [](FieldDef f) { return f.Add(Send::IfSet); };
     // One row per field, in the order of the query form; the add and modify requests take
     // their fields in the same order.
-    i.fields = {
-        C::ListID(),
-        C::TimeCreated(),
-        C::TimeModified(),
-        C::EditSequence(),
+    i.fields = C::Rows({
         C::Name(Send::IfSet, Send::Always),
         C::FullName(),
         C::IsActive().Mod(Send::Always, kV3),
@@ -79,14 +88,18 @@ const ListClassInfo& Customer::Info() {
         addOnly(field::Text("Suffix", &Customer::suffix_)),
         field::Custom(
             "BillAddress", [](ListObject& o, const XmlNode& n) { ReadAddress(Self(o).billTo_, n); },
-            [](ListObject& o, xmlBldr& b, WriteMode m) { WriteAddress(Self(o).billTo_, "BillAddress", b, m); })
+            [](ListObject& o, xmlBldr& b, WriteMode m) { WriteAddress(Self(o).billTo_, "BillAddress", b, m); },
+            [](const ListObject& o) { return AddressText(Self(o).billTo_); })
             .Add(Send::Always)
-            .Mod(Send::Always),
+            .Mod(Send::Always)
+            .As("BillTo"),
         field::Custom(
             "ShipAddress", [](ListObject& o, const XmlNode& n) { ReadAddress(Self(o).shipTo_, n); },
-            [](ListObject& o, xmlBldr& b, WriteMode m) { WriteAddress(Self(o).shipTo_, "ShipAddress", b, m); })
+            [](ListObject& o, xmlBldr& b, WriteMode m) { WriteAddress(Self(o).shipTo_, "ShipAddress", b, m); },
+            [](const ListObject& o) { return AddressText(Self(o).shipTo_); })
             .Add(Send::Always)
-            .Mod(Send::Always),
+            .Mod(Send::Always)
+            .As("ShipTo"),
         field::Text("PrintAs", &Customer::printAs_),
         text("Phone", &Customer::phone_),
         addOnly(field::Text("Mobile", &Customer::mobile_)),
@@ -96,15 +109,15 @@ const ListClassInfo& Customer::Info() {
         text("Email", &Customer::email_),
         text("Contact", &Customer::contact_),
         text("AltContact", &Customer::altContact_),
-        ref("CustomerTypeRef", &Customer::customerType_, qoListCustomerTypes),
-        ref("TermsRef", &Customer::terms_, qoListTerms),
-        ref("SalesRepRef", &Customer::salesRep_, qoListSalesRep),
+        ref("CustomerTypeRef", &Customer::customerType_, qoListCustomerTypes).As("CustomerType"),
+        ref("TermsRef", &Customer::terms_, qoListTerms).As("Terms"),
+        ref("SalesRepRef", &Customer::salesRep_, qoListSalesRep).As("SalesRep"),
         field::Amount("Balance", &Customer::balance_),
         field::Amount("TotalBalance", &Customer::totalBalance_),
-        addOnly(field::Amount("OpenBalance", &Customer::openingBalance_)).NotInQuery(),
-        addOnly(field::DateOnly("OpenBalanceDate", &Customer::openingBalanceDate_)).NotInQuery(),
-        ref("SalesTaxCodeRef", &Customer::salesTaxCode_, qoListSalesTaxCodes).When(IsUSEdition),
-        ref("ItemSalesTaxRef", &Customer::salesTaxItem_, qoListItems).When(IsUSEdition),
+        addOnly(field::Amount("OpenBalance", &Customer::openingBalance_)).NotInQuery().As("OpeningBalance"),
+        addOnly(field::DateOnly("OpenBalanceDate", &Customer::openingBalanceDate_)).NotInQuery().As("OpeningBalanceDate"),
+        ref("SalesTaxCodeRef", &Customer::salesTaxCode_, qoListSalesTaxCodes).When(IsUSEdition).As("SalesTaxCode"),
+        ref("ItemSalesTaxRef", &Customer::salesTaxItem_, qoListItems).When(IsUSEdition).As("SalesTaxItem"),
         text("ResaleNumber", &Customer::resaleNumber_).Mod(Send::Always, kV3),
         text("AccountNumber", &Customer::accountNumber_),
         // A limit of 0 goes out in a modify only when the caller set it.
@@ -115,7 +128,7 @@ const ListClassInfo& Customer::Info() {
               auto& c = static_cast<const Customer&>(o);
               return c.creditLimit_ != Currency() || c.creditLimitTouched_;
             }),
-        ref("PreferredPaymentMethodRef", &Customer::paymentMethod_, qoListPaymentMethods).NotInQuery(),
+        ref("PreferredPaymentMethodRef", &Customer::paymentMethod_, qoListPaymentMethods).NotInQuery().As("PaymentMethod"),
         field::Custom(
             "CreditCardInfo",
             [](ListObject& o, const XmlNode& n) {
@@ -132,14 +145,15 @@ const ListClassInfo& Customer::Info() {
             })
             .Add(Send::Always)
             .Mod(Send::Always)
-            .NotInQuery(),
+            .NotInQuery()
+            .As("CreditCard"),
         // A modify sends the status even when it is 0, as "None".
         field::Enum("JobStatus", &Customer::jobStatus_, qoeJobStatus).Add(Send::IfSet).Mod(Send::Always, kV3),
         field::DateOnly("JobStartDate", &Customer::jobStartDate_).Add(Send::IfSet).Mod(Send::IfSet, kV3),
         field::DateOnly("JobProjectedEndDate", &Customer::jobProjectedEndDate_).Add(Send::IfSet).Mod(Send::IfSet, kV3),
         field::DateOnly("JobEndDate", &Customer::jobEndDate_).Add(Send::IfSet).Mod(Send::IfSet, kV3),
-        text("JobDesc", &Customer::jobDescription_).Mod(Send::Always, kV3),
-        ref("JobTypeRef", &Customer::jobType_, qoListJobTypes),
+        text("JobDesc", &Customer::jobDescription_).Mod(Send::Always, kV3).As("JobDescription"),
+        ref("JobTypeRef", &Customer::jobType_, qoListJobTypes).As("JobType"),
         field::Text("Notes", &Customer::notes_).Add(Send::IfSet, kV3).Mod(Send::Always, kV3),
         field::Custom(
             "IsStatementWithParent",
@@ -149,6 +163,10 @@ const ListClassInfo& Customer::Info() {
             },
             [](ListObject& o, xmlBldr& b, WriteMode) {
               if (Self(o).isStatementWithParent_ > 0) b.CreateElement("IsStatementWithParent", "1");
+            },
+            [](const ListObject& o) {
+              const int32_t v = Self(o).isStatementWithParent_;
+              return std::string(v < 0 ? "" : v > 0 ? "true" : "false");
             })
             .Add(Send::Always),
         field::Custom(
@@ -160,13 +178,14 @@ const ListClassInfo& Customer::Info() {
             [](ListObject& o, xmlBldr& b, WriteMode) {
               const int32_t method = Self(o).deliveryMethod_;
               if (method > 0) b.CreateElement("DeliveryMethod", EnumCodeToDescription(method, qoeDeliveryMethod));
-            })
+            },
+            [](const ListObject& o) { return EStr(Self(o).deliveryMethod_, qoeDeliveryMethod); })
             .Add(Send::Always),
         // Known tags this library keeps nothing of.
         field::Dropped("TaxCodeRef"),
         field::Dropped("CurrencyRef"),
         field::Dropped("PriceLevelRef"),
-    };
+    });
     auto length = [](std::string Customer::*m, const char* label, size_t max, uint32_t code, const char* message) {
       return check::MaxLength(m, label, max, code, message);
     };
