@@ -11,6 +11,7 @@ int main(int argc, char** argv) {
   app.add_option("--transcript", global.transcript, "Keep the transcript of every qbXML message in FILE")
       ->option_text("FILE");
   tessaron::cli::AddCompanyCommand(app);
+  tessaron::cli::AddCompanyShowCommand(*app.get_subcommand("company"), global);
   tessaron::cli::AddVersionCommand(app);
   tessaron::cli::AddHostCommand(app, global);
   tessaron::cli::AddSendCommand(app, global);

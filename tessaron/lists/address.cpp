@@ -102,4 +102,18 @@ void Address::Write(xmlBldr& cxmlbldr) const {
   }
 }
 
+std::string AddressText(const Address& a) {
+  std::string out;
+  for (const std::string* part : {&a.Line1(), &a.Line2(), &a.Line3(), &a.Line4(), &a.City()}) {
+    if (part->empty()) continue;
+    if (!out.empty()) out += ", ";
+    out += *part;
+  }
+  std::string tail = a.State();
+  if (!a.PostalCode().empty()) tail += (tail.empty() ? "" : " ") + a.PostalCode();
+  if (!a.Country().empty()) tail += (tail.empty() ? "" : ", ") + a.Country();
+  if (!tail.empty()) out += (out.empty() ? "" : ", ") + tail;
+  return out;
+}
+
 }  // namespace tessaron

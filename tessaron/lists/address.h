@@ -95,4 +95,7 @@ class Address {
   qoEnumObjectState state_ = qoObjectStateNew;
 };
 
+// The address on one line, for listings: "12 Heron Street, Millbrook, OR 97401, USA".
+std::string AddressText(const Address& address);
+
 }  // namespace tessaron

@@ -35,22 +35,6 @@ void ReadAddress(std::shared_ptr<Address>& address, const XmlNode& node) {
   address->FromDom(node);
 }
 
-// An address on one line, for listings: "1 Main St, Bayshore, CA 94326".
-std::string AddressText(const std::shared_ptr<Address>& a) {
-  if (!a) return {};
-  std::string out;
-  for (const std::string* part : {&a->Line1(), &a->Line2(), &a->Line3(), &a->Line4(), &a->City()}) {
-    if (part->empty()) continue;
-    if (!out.empty()) out += ", ";
-    out += *part;
-  }
-  std::string tail = a->State();
-  if (!a->PostalCode().empty()) tail += (tail.empty() ? "" : " ") + a->PostalCode();
-  if (!a->Country().empty()) tail += (tail.empty() ? "" : ", ") + a->Country();
-  if (!tail.empty()) out += (out.empty() ? "" : ", ") + tail;
-  return out;
-}
-
 void CheckAddress(const std::shared_ptr<Address>& address, const char* field, qcErrors& errors) {
   if (address && (address->Validate(), address->Errors()->Count() > 0))
     errors.Add(err::kAddressError, field, err::kAddressErrorText);
@@ -89,14 +73,14 @@ const ListClassInfo& Customer::Info() {
         field::Custom(
             "BillAddress", [](ListObject& o, const XmlNode& n) { ReadAddress(Self(o).billTo_, n); },
             [](ListObject& o, xmlBldr& b, WriteMode m) { WriteAddress(Self(o).billTo_, "BillAddress", b, m); },
-            [](const ListObject& o) { return AddressText(Self(o).billTo_); })
+            [](const ListObject& o) { return Self(o).billTo_ ? AddressText(*Self(o).billTo_) : std::string(); })
             .Add(Send::Always)
             .Mod(Send::Always)
             .As("BillTo"),
         field::Custom(
             "ShipAddress", [](ListObject& o, const XmlNode& n) { ReadAddress(Self(o).shipTo_, n); },
             [](ListObject& o, xmlBldr& b, WriteMode m) { WriteAddress(Self(o).shipTo_, "ShipAddress", b, m); },
-            [](const ListObject& o) { return AddressText(Self(o).shipTo_); })
+            [](const ListObject& o) { return Self(o).shipTo_ ? AddressText(*Self(o).shipTo_) : std::string(); })
             .Add(Send::Always)
             .Mod(Send::Always)
             .As("ShipTo"),
