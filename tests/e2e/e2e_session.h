@@ -7,7 +7,6 @@
 #include <gtest/gtest.h>
 
 #include <memory>
-#include <mutex>
 #include <string>
 #include <vector>
 
@@ -15,48 +14,10 @@
 #include "tessaron/connection/library_state.h"
 #include "tessaron/connection/tessaron_globals.h"
 #include "tessaron/platform/request_processor.h"
-#include "tessaron/platform/text.h"
 #include "tests/support/qbxml_check.h"
+#include "tests/support/recording_processor.h"
 
 namespace tessaron::testing {
-
-// The editions of the national products use Province or County for the state of an
-// address, which the (US) schema lacks; messages are checked with the tag it replaces.
-inline ::testing::AssertionResult ValidInEdition(const std::string& message) {
-  std::string us = message;
-  for (const char* tag : {"Province", "County"}) {
-    us = ReplaceAll(us, std::string("<") + tag + ">", "<State>");
-    us = ReplaceAll(us, std::string("</") + tag + ">", "</State>");
-  }
-  return IsValidQbxml(us);
-}
-
-// Passes every call on to the embedded processor and keeps the messages.
-class RecordingProcessor : public RequestProcessor {
- public:
-  RecordingProcessor(std::shared_ptr<RequestProcessor> inner, std::shared_ptr<std::vector<std::string>> messages)
-      : inner_(std::move(inner)), messages_(std::move(messages)) {}
-  void OpenConnection(const std::string& a, const std::string& b) override { inner_->OpenConnection(a, b); }
-  std::string BeginSession(const std::string& f, int32_t m) override { return inner_->BeginSession(f, m); }
-  void EndSession(const std::string& t) override { inner_->EndSession(t); }
-  void CloseConnection() override { inner_->CloseConnection(); }
-  std::string ProcessRequest(const std::string& ticket, const std::string& request) override {
-    messages_->push_back(request);
-    messages_->push_back(inner_->ProcessRequest(ticket, request));
-    return messages_->back();
-  }
-  std::string ProcessSubscription(const std::string& request) override { return inner_->ProcessSubscription(request); }
-  std::vector<std::string> QBXMLVersionsForSession(const std::string& t) override {
-    return inner_->QBXMLVersionsForSession(t);
-  }
-  std::string GetCurrentCompanyFileName(const std::string& t) override { return inner_->GetCurrentCompanyFileName(t); }
-  int MajorVersion() override { return inner_->MajorVersion(); }
-  int MinorVersion() override { return inner_->MinorVersion(); }
-
- private:
-  std::shared_ptr<RequestProcessor> inner_;
-  std::shared_ptr<std::vector<std::string>> messages_;
-};
 
 class EditionTest : public ::testing::TestWithParam<qbsim::Edition> {
  protected:
@@ -78,15 +39,15 @@ class EditionTest : public ::testing::TestWithParam<qbsim::Edition> {
     if (State().GlobalConnection) State().GlobalConnection->CloseConnection();
     State().GlobalConnection.reset();
     for (const char* id : {kRequestProcessor1, kRequestProcessor2}) UnregisterRequestProcessor(id);
-    for (const std::string& m : *messages_) EXPECT_TRUE(ValidInEdition(m));
+    for (const std::string& m : recorder_->messages) EXPECT_TRUE(IsValidQbxmlOfAnyEdition(m));
     ResetLibraryStateForTesting();
   }
 
   // Requests sent since the last call (responses left out).
   std::vector<std::string> TakeRequests() {
     std::vector<std::string> out;
-    for (size_t i = taken_; i < messages_->size(); i += 2) out.push_back((*messages_)[i]);
-    taken_ = messages_->size();
+    for (size_t i = taken_; i < recorder_->messages.size(); i += 2) out.push_back(recorder_->messages[i]);
+    taken_ = recorder_->messages.size();
     return out;
   }
   bool IsUS() const { return GetParam() == qbsim::Edition::US; }
@@ -96,16 +57,14 @@ class EditionTest : public ::testing::TestWithParam<qbsim::Edition> {
   void Register() {
     qbsim::ProcessorOptions options;
     options.strict = true;
-    auto messages = messages_;
+    recorder_ = std::make_shared<RecordingProcessor>(qbsim::CreateProcessor(options));
     for (const char* id : {kRequestProcessor1, kRequestProcessor2})
-      RegisterRequestProcessor(id, [options, messages] {
-        return std::make_shared<RecordingProcessor>(qbsim::CreateProcessor(options), messages);
-      });
+      RegisterRequestProcessor(id, [r = recorder_] { return r; });
   }
 
   TempDir dir_;
   std::string path_;
-  std::shared_ptr<std::vector<std::string>> messages_ = std::make_shared<std::vector<std::string>>();
+  std::shared_ptr<RecordingProcessor> recorder_;
   size_t taken_ = 0;
 };
 

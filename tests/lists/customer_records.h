@@ -6,7 +6,6 @@
 
 #include "tessaron/lists/customer.h"
 #include "tessaron/platform/xml_dom.h"
-#include "tessaron/platform/text.h"
 #include "tests/support/list_session.h"
 #include "tests/support/qbxml_check.h"
 
@@ -32,17 +31,6 @@ inline std::shared_ptr<Customer> ParsedCustomer(const std::string& ret) {
   auto c = std::make_shared<Customer>();
   c->FromDom(doc.documentElement());
   return c;
-}
-
-// Requests of the editions outside the US name the state of an address Province or County,
-// which the (US) schema does not know; the message is checked with the tag it replaces.
-inline ::testing::AssertionResult IsValidInAnyEdition(const std::string& message) {
-  std::string us = message;
-  for (const char* tag : {"Province", "County"}) {
-    us = ReplaceAll(us, std::string("<") + tag + ">", "<State>");
-    us = ReplaceAll(us, std::string("</") + tag + ">", "</State>");
-  }
-  return IsValidQbxml(us);
 }
 
 }  // namespace tessaron::testing
