@@ -205,7 +205,9 @@ TEST(CompanyLists, CommitOfTheCompanyCommitsNoCollection) {
 TEST(CompanyLists, ParentCheckOfAJobSearchesTheCompanysCustomers) {
   CompanySession qb;
   auto customers = TessaronGlobals::Customers();
-  qb.processor().QueueResponse(ScriptedProcessor::Response("CustomerQueryRs", CustomerRet("1-1", "Acme")));
+  const std::string parent = ScriptedProcessor::Response("CustomerQueryRs", CustomerRet("1-1", "Acme"));
+  EXPECT_TRUE(testing::IsValidQbxml(parent));
+  qb.processor().QueueResponse(parent);
   auto job = customers->Add("Kitchen", "Acme");
 
   EXPECT_TRUE(job->Validate());
@@ -215,14 +217,30 @@ TEST(CompanyLists, ParentCheckOfAJobSearchesTheCompanysCustomers) {
   EXPECT_TRUE(qb.processor().AllRequestsValid());
 }
 
+TEST(CompanyLists, EntitiesMakeCustomersOfCustomerRecords) {
+  CompanySession qb;
+  const std::string response = ScriptedProcessor::Response(
+      "EntityQueryRs", CustomerRet("1-1", "Acme", "<Phone>555-0100</Phone>") +
+                           testing::Ret("Vendor", "2-1", "<Name>Timber Co</Name><IsActive>true</IsActive>"));
+  EXPECT_TRUE(testing::IsValidQbxml(response));
+  qb.processor().QueueResponse(response);
+  EXPECT_EQ(TessaronGlobals::Entities()->GetAll(), 2);
+  auto acme = std::dynamic_pointer_cast<Customer>(TessaronGlobals::Entities()->Item(Variant("Acme")));
+  ASSERT_NE(acme, nullptr);
+  EXPECT_EQ(acme->Phone(), "555-0100");
+  EXPECT_EQ(std::dynamic_pointer_cast<Customer>(TessaronGlobals::Entities()->Item(Variant(2))), nullptr);
+  EXPECT_TRUE(qb.processor().AllRequestsValid());
+}
+
 // ---- Requests of the company -------------------------------------------------------------
 
 TEST(CompanyRequests, ActivityTimesAskQuickBooksOnEveryRead) {
   CompanySession qb;
-  qb.processor().RespondTo(
-      "CompanyActivityQueryRq",
-      ScriptedProcessor::Response("CompanyActivityQueryRs", "<CompanyActivityRet><LastRestoreTime>2004-05-06T07:08:09"
-                                                            "</LastRestoreTime></CompanyActivityRet>"));
+  const std::string activity = ScriptedProcessor::Response(
+      "CompanyActivityQueryRs",
+      "<CompanyActivityRet><LastRestoreTime>2004-05-06T07:08:09</LastRestoreTime></CompanyActivityRet>");
+  EXPECT_TRUE(testing::IsValidQbxml(activity));
+  qb.processor().RespondTo("CompanyActivityQueryRq", activity);
   EXPECT_EQ(qb.company()->LastRestoreTime(), DateSerial(2004, 5, 6) + TimeSerial(7, 8, 9));
   EXPECT_EQ(qb.company()->LastCondenseTime(), kNullDate);
   EXPECT_EQ(qb.company()->LastCondenseTime(), kNullDate);
@@ -328,7 +346,9 @@ TEST_P(Editions, DetectedFromTheHostAndWrittenIntoAddresses) {
   auto c = customers->Add("Acme", "", "", "", "", "Tax", "", "", Currency(), Currency(), 0, qbJobStatusNone, 0, 0,
                           0, "", "", "", "", "", "", "", "", "", "", "", "", true, "", "", "1 High St", "", "", "Leeds",
                           "West Yorkshire");
-  qb.processor().QueueResponse(Batch({ResponseElement("CustomerAddRs", 1, 0, CustomerRet("1-1", "Acme"))}));
+  const std::string added = Batch({ResponseElement("CustomerAddRs", 1, 0, CustomerRet("1-1", "Acme"))});
+  EXPECT_TRUE(testing::IsValidQbxml(added));
+  qb.processor().QueueResponse(added);
   customers->Commit();
 
   const std::string tag = GetParam().stateTag;
