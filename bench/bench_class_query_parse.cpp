@@ -55,8 +55,6 @@ class CannedProcessor : public tessaron::RequestProcessor {
   int MinorVersion() override { return 0; }
 };
 
-double bareNsPerRun = 0;
-
 void BM_PugixmlBareParse(benchmark::State& state) {
   for (auto _ : state) {
     pugi::xml_document doc;

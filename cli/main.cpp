@@ -10,6 +10,9 @@ int main(int argc, char** argv) {
   tessaron::cli::GlobalOptions global;
   app.add_option("--transcript", global.transcript, "Keep the transcript of every qbXML message in FILE")
       ->option_text("FILE");
+  app.add_flag("--strict", global.strict,
+               "Refuse messages that QuickBooks would refuse: not valid against the qbXML schema, or using what "
+               "their version or edition lacks");
   tessaron::cli::AddCompanyCommand(app);
   tessaron::cli::AddCompanyShowCommand(*app.get_subcommand("company"), global);
   tessaron::cli::AddVersionCommand(app);

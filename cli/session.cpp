@@ -8,7 +8,9 @@
 namespace tessaron::cli {
 
 Session::Session(const std::string& companyFile, const GlobalOptions& global) {
-  qbsim::RegisterProcessor();
+  qbsim::ProcessorOptions options;
+  options.strict = global.strict;
+  qbsim::RegisterProcessor(options);
   // The transcript starts before the connection, so that it holds every message of the run.
   if (!global.transcript.empty()) connection_.SetDebugLogPath(global.transcript);
   std::error_code ec;

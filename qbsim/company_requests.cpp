@@ -93,21 +93,17 @@ RecordRow StoredRecord(const std::string& body) {
   return row;
 }
 
-Status Company(RequestContext& ctx, const pugi::xml_node&, XmlOut& out) {
-  // OwnerID (the application's, or "0") asks for custom fields; none are on file yet.
-  std::string body = ctx.file.Meta(meta::kCompany);
-  out.Open("CompanyRet");
-  RecordWriter(ctx).WriteFields(out, kCompanyFields, StoredRecord(body));
-  out.Close("CompanyRet");
-  return status::Ok();
-}
-
-Status Preferences(RequestContext& ctx, const pugi::xml_node&, XmlOut& out) {
-  std::string body = ctx.file.Meta(meta::kPreferences);
-  out.Open("PreferencesRet");
-  RecordWriter(ctx).WriteFields(out, kPreferencesFields, StoredRecord(body));
-  out.Close("PreferencesRet");
-  return status::Ok();
+// The company record and the preferences: stored fields answered through their table.
+// CompanyQueryRq may carry OwnerID (the application's, or "0") to ask for custom fields;
+// none are on file yet.
+RequestHandler StoredRecordAnswer(const char* retTag, const char* metaKey, std::span<const Field> fields) {
+  return [=](RequestContext& ctx, const pugi::xml_node&, XmlOut& out) {
+    std::string body = ctx.file.Meta(metaKey);
+    out.Open(retTag);
+    RecordWriter(ctx).WriteFields(out, fields, StoredRecord(body));
+    out.Close(retTag);
+    return status::Ok();
+  };
 }
 
 Status CompanyActivity(RequestContext& ctx, const pugi::xml_node&, XmlOut& out) {
@@ -136,8 +132,9 @@ std::span<const Field> PreferencesFields() { return kPreferencesFields; }
 
 void RegisterCompanyRequests(RequestTable& table) {
   table.Add("HostQueryRq", {Host, nullptr, 10});
-  table.Add("CompanyQueryRq", {Company, nullptr, 10});
-  table.Add("PreferencesQueryRq", {Preferences, nullptr, 11});
+  table.Add("CompanyQueryRq", {StoredRecordAnswer("CompanyRet", meta::kCompany, kCompanyFields), nullptr, 10});
+  table.Add("PreferencesQueryRq",
+            {StoredRecordAnswer("PreferencesRet", meta::kPreferences, kPreferencesFields), nullptr, 11});
   table.Add("CompanyActivityQueryRq", {CompanyActivity, nullptr, 10});
   table.Add("ListDisplayAddRq", {Display("ListDisplayAddType", nullptr), nullptr, 30});
   table.Add("ListDisplayModRq", {Display("ListDisplayModType", "ListID"), nullptr, 30});

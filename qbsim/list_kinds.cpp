@@ -283,26 +283,23 @@ constexpr Field kItemGroupFields[] = {kListID, kTimeCreated, kTimeModified, kEdi
                                       V("ItemDesc").Max(4095), V("IsPrintItemsInGroup", VT::Bool),
                                       RG("ItemGroupLine", kItemGroupLineFields)};
 
-ListKind Tree(const char* name, const char* ret, std::span<const Field> fields, bool canMod) {
+ListKind Kind(const char* name, const char* ret, std::span<const Field> fields, bool hierarchical, bool canMod,
+              int nameMax) {
   ListKind k;
   k.name = name;
   k.retTag = ret;
   k.nameSpace = name;
   k.fields = fields;
-  k.hierarchical = true;
-  k.canMod = canMod;
-  return k;
-}
-
-ListKind Flat(const char* name, const char* ret, std::span<const Field> fields, bool canMod, int nameMax) {
-  ListKind k;
-  k.name = name;
-  k.retTag = ret;
-  k.nameSpace = name;
-  k.fields = fields;
+  k.hierarchical = hierarchical;
   k.canMod = canMod;
   k.nameMaxLength = nameMax;
   return k;
+}
+ListKind Tree(const char* name, const char* ret, std::span<const Field> fields, bool canMod) {
+  return Kind(name, ret, fields, true, canMod, 31);
+}
+ListKind Flat(const char* name, const char* ret, std::span<const Field> fields, bool canMod, int nameMax) {
+  return Kind(name, ret, fields, false, canMod, nameMax);
 }
 
 ListKind InSpace(ListKind k, const char* space) {

@@ -102,7 +102,7 @@ Status ReadQuery(RequestContext& ctx, const pugi::xml_node& request, QueryReques
       auto v = Canonical(ValueType::Enum, text, kDoneStatus);
       if (!v || v->empty()) return status::BadValue("DoneStatus", text);
       q.doneStatus = *v;
-    } else if (tag == "OwnerID" || tag == "IncludeRetElement") {
+    } else if (tag == "OwnerID") {
       // No custom fields are on file, so there is nothing to add for an owner.
     } else if (ctx.Strict()) {
       return status::NotSupported("The element " + std::string(tag) + " in " + request.name());
@@ -427,6 +427,20 @@ std::string CheckQuery(RequestContext& ctx, const pugi::xml_node& request) {
   return {};
 }
 
+// The add (kInAdd) or modify (kInMod) request of a kind.
+RequestEntry ChangeEntry(const ListKind* kind, uint16_t form) {
+  RequestEntry e;
+  e.handle = [kind, form](RequestContext& ctx, const pugi::xml_node& rq, XmlOut& out) {
+    return form == kInAdd ? Add(ctx, *kind, rq, out) : Mod(ctx, *kind, rq, out);
+  };
+  e.check = [kind, form](RequestContext& ctx, const pugi::xml_node& rq) {
+    std::string p = CheckKind(ctx, *kind);
+    return p.empty() ? CheckFields(ctx, kind->fields, rq.first_child(), form) : p;
+  };
+  e.minVersion = kind->minVersion;
+  return e;
+}
+
 }  // namespace
 
 void RegisterListRequests(RequestTable& table) {
@@ -439,22 +453,8 @@ void RegisterListRequests(RequestTable& table) {
                  return p.empty() ? CheckQuery(ctx, rq) : p;
                },
                k.minVersion});
-    if (k.canAdd)
-      table.Add(std::string(k.name) + "AddRq",
-                {[kind](RequestContext& ctx, const pugi::xml_node& rq, XmlOut& out) { return Add(ctx, *kind, rq, out); },
-                 [kind](RequestContext& ctx, const pugi::xml_node& rq) {
-                   std::string p = CheckKind(ctx, *kind);
-                   return p.empty() ? CheckFields(ctx, kind->fields, rq.first_child(), kInAdd) : p;
-                 },
-                 k.minVersion});
-    if (k.canMod)
-      table.Add(std::string(k.name) + "ModRq",
-                {[kind](RequestContext& ctx, const pugi::xml_node& rq, XmlOut& out) { return Mod(ctx, *kind, rq, out); },
-                 [kind](RequestContext& ctx, const pugi::xml_node& rq) {
-                   std::string p = CheckKind(ctx, *kind);
-                   return p.empty() ? CheckFields(ctx, kind->fields, rq.first_child(), kInMod) : p;
-                 },
-                 k.minVersion});
+    if (k.canAdd) table.Add(std::string(k.name) + "AddRq", ChangeEntry(kind, kInAdd));
+    if (k.canMod) table.Add(std::string(k.name) + "ModRq", ChangeEntry(kind, kInMod));
   }
   for (const QueryFamily& family : QueryFamilies()) {
     std::vector<const ListKind*> kinds;

@@ -169,15 +169,21 @@ void ListStore::WriteRefs(std::string_view owner, std::span<const std::string> r
   for (const std::string& t : refs) ins.Bind(1, owner).Bind(2, t).Run();
 }
 
-void ListStore::Insert(ListRecord& r, std::span<const std::string> refs) {
-  SqlDatabase& db = file_.Db();
+namespace {
+// Every stored column of a record, bound in one order for both statements.
+constexpr const char* kInsert =
+    "INSERT INTO list_record(kind, list_id, name, full_name, name_key, name_space, parent_list_id, sublevel, "
+    "is_active, edit_sequence, time_created, time_modified, modified_at, balance, total_balance, body) "
+    "VALUES(?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?)";
+constexpr const char* kUpdate =
+    "UPDATE list_record SET kind = ?, list_id = ?, name = ?, full_name = ?, name_key = ?, name_space = ?, "
+    "parent_list_id = ?, sublevel = ?, is_active = ?, edit_sequence = ?, time_created = ?, time_modified = ?, "
+    "modified_at = ?, balance = ?, total_balance = ?, body = ? WHERE rowid = ?";
+
+SqlStatement& BindColumns(SqlStatement& st, const ListRecord& r) {
   double modifiedAt = 0;
   ParseTimestamp(r.timeModified, modifiedAt);
-  Cached(
-        "INSERT INTO list_record(kind, list_id, name, full_name, name_key, name_space, parent_list_id, sublevel, "
-        "is_active, edit_sequence, time_created, time_modified, modified_at, balance, total_balance, body) "
-        "VALUES(?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?)")
-      .Bind(1, r.kind)
+  return st.Bind(1, r.kind)
       .Bind(2, r.listId)
       .Bind(3, r.name)
       .Bind(4, r.fullName)
@@ -192,35 +198,19 @@ void ListStore::Insert(ListRecord& r, std::span<const std::string> refs) {
       .Bind(13, modifiedAt)
       .Bind(14, r.balance)
       .Bind(15, r.totalBalance)
-      .Bind(16, r.body)
-      .Run();
-  r.rowid = db.LastInsertRowId();
+      .Bind(16, r.body);
+}
+}  // namespace
+
+void ListStore::Insert(ListRecord& r, std::span<const std::string> refs) {
+  BindColumns(Cached(kInsert), r).Run();
+  r.rowid = file_.Db().LastInsertRowId();
   WriteRefs(r.listId, refs);
   fullNames_[r.listId] = r.fullName;
 }
 
 void ListStore::Update(const ListRecord& r, std::span<const std::string> refs) {
-  SqlDatabase& db = file_.Db();
-  double modifiedAt = 0;
-  ParseTimestamp(r.timeModified, modifiedAt);
-  db.Prepare(
-        "UPDATE list_record SET name = ?, full_name = ?, name_key = ?, parent_list_id = ?, sublevel = ?, "
-        "is_active = ?, edit_sequence = ?, time_modified = ?, modified_at = ?, balance = ?, total_balance = ?, "
-        "body = ? WHERE rowid = ?")
-      .Bind(1, r.name)
-      .Bind(2, r.fullName)
-      .Bind(3, NameKey(r.fullName))
-      .Bind(4, r.parentListId)
-      .Bind(5, r.sublevel)
-      .Bind(6, r.isActive ? 1 : 0)
-      .Bind(7, r.editSequence)
-      .Bind(8, r.timeModified)
-      .Bind(9, modifiedAt)
-      .Bind(10, r.balance)
-      .Bind(11, r.totalBalance)
-      .Bind(12, r.body)
-      .Bind(13, r.rowid)
-      .Run();
+  BindColumns(Cached(kUpdate), r).Bind(17, r.rowid).Run();
   WriteRefs(r.listId, refs);
   fullNames_[r.listId] = r.fullName;
 }

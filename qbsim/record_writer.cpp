@@ -10,6 +10,13 @@ bool HasComputed(std::span<const Field> fields) {
     if (f.kind == FieldKind::Computed) return true;
   return false;
 }
+// The path of the i-th occurrence of a repeated element: "ItemGroupLine#2".
+void Indexed(std::string& path, size_t base, const char* tag, int i) {
+  path.resize(base);
+  path += tag;
+  path += '#';
+  path += std::to_string(i);
+}
 }  // namespace
 
 void RecordWriter::WriteRet(XmlOut& out, const ListKind& kind, const RecordRow& row) {
@@ -20,8 +27,8 @@ void RecordWriter::WriteRet(XmlOut& out, const ListKind& kind, const RecordRow& 
 
 void RecordWriter::WriteFields(XmlOut& out, std::span<const Field> fields, const RecordRow& row) {
   body_.Parse(row.body);
-  std::string prefix;
-  Write(out, fields, row, prefix);
+  path_.clear();
+  Write(out, fields, row, path_);
 }
 
 void RecordWriter::WriteRef(XmlOut& out, const char* tag, std::string_view listId) {
@@ -78,10 +85,7 @@ void RecordWriter::Write(XmlOut& out, std::span<const Field> fields, const Recor
         break;
       case FieldKind::RepeatedRef:
         for (int i = 0;; ++i) {
-          prefix.resize(base);
-          prefix += f.tag;
-          prefix += '#';
-          prefix += std::to_string(i);
+          Indexed(prefix, base, f.tag, i);
           const std::string_view* v = body_.Find(prefix);
           if (!v) break;
           WriteRef(out, f.tag, *v);
@@ -89,10 +93,7 @@ void RecordWriter::Write(XmlOut& out, std::span<const Field> fields, const Recor
         break;
       case FieldKind::RepeatedGroup:
         for (int i = 0;; ++i) {
-          prefix.resize(base);
-          prefix += f.tag;
-          prefix += '#';
-          prefix += std::to_string(i);
+          Indexed(prefix, base, f.tag, i);
           if (!body_.HasTree(prefix)) break;
           out.Open(f.tag);
           prefix += '/';

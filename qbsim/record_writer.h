@@ -27,7 +27,9 @@ class RecordWriter {
   void WriteRef(XmlOut& out, const char* tag, std::string_view listId);
 
   RequestContext& ctx_;
-  FieldView body_;  // reused from record to record
+  // Both reused from record to record: answering a record allocates nothing of its own.
+  FieldView body_;
+  std::string path_;
 };
 
 }  // namespace tessaron::qbsim

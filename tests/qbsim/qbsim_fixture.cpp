@@ -71,7 +71,9 @@ Response QbsimTest::Send(const std::string& requests, const std::string& version
 Response QbsimTest::SendRaw(const std::string& text, bool checkResponse) {
   EXPECT_TRUE(tessaron::testing::IsValidQbxml(text));
   Response r(processor_->ProcessRequest(ticket_, text));
-  if (checkResponse) EXPECT_TRUE(tessaron::testing::IsValidQbxml(r.Text()));
+  if (checkResponse) {
+    EXPECT_TRUE(tessaron::testing::IsValidQbxml(r.Text()));
+  }
   return r;
 }
 

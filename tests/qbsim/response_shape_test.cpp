@@ -127,6 +127,12 @@ TEST_F(ResponseShapeTest, UnknownRequestsAreAnsweredNotSupported) {
 
 class FaultTest : public ResponseShapeTest {
  protected:
+  static Fault Of(Fault::Kind kind, const std::string& requestName = "") {
+    Fault f;
+    f.kind = kind;
+    f.requestName = requestName;
+    return f;
+  }
   void Plan(Fault f) {
     ProcessorOptions o = StrictOptions();
     o.faults = std::make_shared<FaultPlan>();
@@ -139,7 +145,10 @@ class FaultTest : public ResponseShapeTest {
 };
 
 TEST_F(FaultTest, RaiseStrikesOnceWithItsNumber) {
-  Plan({Fault::Kind::Raise, "ClassQueryRq", 0x80040410, "QuickBooks is busy."});
+  Fault f = Of(Fault::Kind::Raise, "ClassQueryRq");
+  f.number = 0x80040410;
+  f.description = "QuickBooks is busy.";
+  Plan(f);
   EXPECT_NO_THROW(Raw("<HostQueryRq/>"));
   try {
     Raw("<ClassQueryRq/>");
@@ -152,20 +161,20 @@ TEST_F(FaultTest, RaiseStrikesOnceWithItsNumber) {
 }
 
 TEST_F(FaultTest, UnparsableTextIsNotXml) {
-  Plan({Fault::Kind::UnparsableText});
+  Plan(Of(Fault::Kind::UnparsableText));
   XmlDocument doc = XmlDocument::Create();
   EXPECT_FALSE(doc.loadXML(Raw("<HostQueryRq/>")));
 }
 
 TEST_F(FaultTest, NoAttributesLeavesTheResponseElementBare) {
-  Plan({Fault::Kind::NoAttributes, "ClassQueryRq"});
+  Plan(Of(Fault::Kind::NoAttributes, "ClassQueryRq"));
   Response r(Raw("<HostQueryRq/><ClassQueryRq/>"));
   EXPECT_FALSE(r.Rs(0).attributes().empty());
   EXPECT_TRUE(r.Rs(1).attributes().empty());
 }
 
 TEST_F(FaultTest, DropResponseLeavesOutOneResponseElement) {
-  Plan({Fault::Kind::DropResponse, "ClassQueryRq"});
+  Plan(Of(Fault::Kind::DropResponse, "ClassQueryRq"));
   Response r(Raw("<HostQueryRq/><ClassQueryRq/><ShipMethodQueryRq/>"));
   ASSERT_EQ(r.Count(), 2);
   EXPECT_STREQ(r.Rs(1).name(), "ShipMethodQueryRs");
