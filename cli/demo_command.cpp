@@ -3,9 +3,14 @@
 #include <iostream>
 #include <unistd.h>
 
-#include "cli/session.h"
+#include "cli/commands.h"
+#include "cli/company_view.h"
 #include "qbsim/qbsim.h"
+#include "tessaron/connection/library_state.h"
+#include "tessaron/connection/tessaron_globals.h"
 #include "tessaron/foundation/enumerations.h"
+#include "tessaron/foundation/qc_error.h"
+#include "tessaron/foundation/values.h"
 #include "tessaron/version.h"
 
 namespace tessaron::cli {
@@ -35,12 +40,43 @@ void ShowConnection(QBConnection& qb) {
             << "  qbXML       " << qb.qbXMLVersion() << ", file mode " << qb.QBFileMode().ToString() << "\n";
 }
 
-void ShowWhatTheLibraryReads() {
-  long values = 0;
-  for (const auto& table : QBEnumerations().NewEnum()) values += table->Count();
-  std::cout << "What the library reads so far:\n"
-            << "  the host record: product, version, edition and qbXML versions\n"
-            << "  " << QBEnumerations().Count() << " enumeration tables with " << values << " values\n";
+void ShowCustomerTree(Customers& customers) {
+  customers.GetAll();
+  std::cout << "\nCustomers and jobs (" << customers.Count() << "):\n";
+  for (const auto& c : customers) {
+    std::string name(2 + 2 * static_cast<size_t>(c->Sublevel()), ' ');
+    name += c->Name();
+    if (name.size() < 44) name.resize(44, ' ');
+    std::cout << name << "  balance " << AmountToDisplayText(c->TotalBalance()) << (c->IsActive() ? "" : "  (inactive)") << "\n";
+  }
+}
+
+// A name not yet on file, so that the demo can run again on the same company file.
+std::string FreeName(Customers& customers) {
+  std::string name = "Tessaron Demo Customer";
+  for (int n = 2; customers.ItemExists(Variant(name)); ++n) name = "Tessaron Demo Customer " + std::to_string(n);
+  return name;
+}
+
+void AddAndReadBack(Customers& customers) {
+  const std::string name = FreeName(customers);
+  auto c = customers.Add(name);
+  c->SetCompanyName(name);
+  c->SetPhone("555-0199");
+  c->BillTo()->SetLine1("1 Demo Way");
+  c->BillTo()->SetCity("Millbrook");
+  customers.Add("First Job", name)->SetJobDescription("The first job of the demo customer");
+  std::cout << "\nAdding \"" << name << "\" with a job, and committing: ";
+  customers.Commit();
+  std::cout << (c->ObjectState() == qoObjectStateClean ? "accepted" : "refused") << ", ListID " << c->ListID() << "\n";
+
+  Customers mine;  // a collection of the application's own, filled from the company file
+  auto back = mine.GetByFullName(name);
+  if (!back) throw Error(0x80040407u, "tessaron demo", "The new customer could not be read back.");
+  std::cout << "Read back: " << back->FullName() << ", " << back->Phone() << ", " << AddressText(*back->BillTo())
+            << ", EditSequence " << back->EditSequence() << "\n";
+  auto job = mine.GetByFullName(name + ":First Job");
+  if (job) std::cout << "           " << job->FullName() << ": " << job->JobDescription() << "\n";
 }
 
 }  // namespace
@@ -53,11 +89,22 @@ void AddDemoCommand(CLI::App& app, const GlobalOptions& global) {
     std::cout << "Tessaron " << TESSARON_VERSION_TEXT << "\n";
     std::unique_ptr<Scratch> scratch;
     if (file->empty()) scratch = std::make_unique<Scratch>();
-    {
-      Session session(scratch ? scratch->Path() : *file, global);
-      ShowConnection(session.Connection());
-      ShowWhatTheLibraryReads();
-    }
+    std::error_code ec;
+    const std::string path = std::filesystem::absolute(scratch ? scratch->Path() : *file, ec).string();
+
+    // An application connects through the global object and reads everything from there.
+    qbsim::RegisterProcessor();
+    auto qb = TessaronGlobals::QBConnection();
+    if (!global.transcript.empty()) qb->SetDebugLogPath(global.transcript);
+    TessaronGlobals::QBConnect("", "tessaron demo", qbFileOpenDoNotCare, path);
+    ShowConnection(*qb);
+    std::cout << "\nCompany\n";
+    PrintCompany(*TessaronGlobals::Company(), std::cout);
+    auto customers = TessaronGlobals::Customers();
+    ShowCustomerTree(*customers);
+    AddAndReadBack(*customers);
+    qb->CloseConnection();
+    State().GlobalConnection.reset();
     std::cout << "Connection closed.\n";
   });
 }

@@ -1,6 +1,7 @@
 // tessaron list COLLECTION --company FILE [--all|--active] [--name-match TEXT --match starts|contains|ends]
-//                          [--name-from A --name-to B] [--format table|json|csv]
+//                          [--name-from A --name-to B] [--balance OP AMOUNT] [--tree] [--format table|json|csv]
 #include <algorithm>
+#include <functional>
 #include <iostream>
 #include <memory>
 #include <string>
@@ -12,6 +13,7 @@
 #include "tessaron/foundation/enum_codes.h"
 #include "tessaron/foundation/qc_error.h"
 #include "tessaron/framework/lists.h"
+#include "tessaron/lists/customers.h"
 #include "tessaron/lists/list_catalog.h"
 #include "tessaron/platform/text.h"
 
@@ -25,12 +27,45 @@ struct Table {
   std::vector<FieldKind> kinds;
 };
 
+// The records in the collection's order, or as a tree: each record followed by the records
+// below it, at any depth. A record whose parent was not returned starts a tree of its own.
+std::vector<std::shared_ptr<ListObject>> Records(ListCollectionBase& list, bool tree) {
+  std::vector<std::shared_ptr<ListObject>> all;
+  for (const auto& obj : list.NewEnum()) all.push_back(std::static_pointer_cast<ListObject>(obj));
+  if (!tree) return all;
+  std::vector<std::shared_ptr<ListObject>> out;
+  std::vector<bool> placed(all.size());
+  std::function<void(const std::string&)> below = [&](const std::string& parent) {
+    for (size_t i = 0; i < all.size(); ++i) {
+      if (placed[i] || !EqualsIgnoreCase(all[i]->Parent(), parent)) continue;
+      placed[i] = true;
+      out.push_back(all[i]);
+      below(all[i]->FullName());
+    }
+  };
+  for (size_t i = 0; i < all.size(); ++i) {
+    if (placed[i] || (!all[i]->Parent().empty() && list.ItemExists(Variant(all[i]->Parent())))) continue;
+    placed[i] = true;
+    out.push_back(all[i]);
+    below(all[i]->FullName());
+  }
+  return out;
+}
+
 // The columns are the properties of the records' classes, in table order; a collection
-// of two kinds (Terms) shows the union.
-Table Collect(ListCollectionBase& list) {
+// of two kinds (Terms) shows the union. As a tree, the name comes first, indented by depth.
+Table Collect(const std::vector<std::shared_ptr<ListObject>>& objects, bool tree) {
   Table t;
   std::vector<std::vector<ListObject::PropertyText>> records;
-  for (const auto& obj : list.NewEnum()) records.push_back(std::static_pointer_cast<ListObject>(obj)->Properties());
+  for (const auto& obj : objects) {
+    records.push_back(obj->Properties());
+    if (!tree) continue;
+    auto& record = records.back();
+    auto name = std::find_if(record.begin(), record.end(), [](const auto& p) { return p.name == "Name"; });
+    if (name == record.end()) continue;
+    name->text.insert(0, 2 * static_cast<size_t>(std::max<int16_t>(obj->Sublevel(), 0)), ' ');
+    std::rotate(record.begin(), name, name + 1);
+  }
   for (const auto& record : records)
     for (const auto& p : record)
       if (std::find(t.columns.begin(), t.columns.end(), p.name) == t.columns.end()) {
@@ -145,6 +180,8 @@ void AddListCommand(CLI::App& app, const GlobalOptions& global) {
     std::string nameFrom;
     std::string nameTo;
     std::string format = "table";
+    std::vector<std::string> balance;
+    bool tree = false;
   };
   auto args = std::make_shared<Args>();
   cmd->add_option("COLLECTION", args->collection, "The collection, by its name: " + NamesText())->required();
@@ -161,6 +198,11 @@ void AddListCommand(CLI::App& app, const GlobalOptions& global) {
   to->needs(from);
   match->excludes(from)->excludes(to)->excludes(all);
   from->excludes(all);
+  cmd->add_option("--balance", args->balance,
+                  "Customers whose total balance compares so with AMOUNT; OP is lt, le, eq, gt or ge")
+      ->expected(2)
+      ->option_text("OP AMOUNT");
+  cmd->add_flag("--tree", args->tree, "Records under their parents, indented (customers and their jobs)");
   cmd->add_option("--format", args->format, "Output: an aligned table, one JSON array, or CSV with a header row")
       ->check(CLI::IsMember({"table", "json", "csv"}))
       ->capture_default_str();
@@ -168,6 +210,21 @@ void AddListCommand(CLI::App& app, const GlobalOptions& global) {
   cmd->callback([args, &global] {
     std::shared_ptr<ListCollectionBase> list = CreateListCollection(args->collection);
     if (!list) throw CLI::ValidationError("COLLECTION", "is not a list collection; one of: " + NamesText());
+    if (args->tree && args->format != "table") throw CLI::ValidationError("--tree", "shows a table only");
+    // The balance filter: only customers have one.
+    auto customers = std::dynamic_pointer_cast<Customers>(list);
+    int32_t balanceFilter = 0;
+    Currency balance;
+    if (!args->balance.empty()) {
+      if (!customers) throw CLI::ValidationError("--balance", "applies to Customers only");
+      static const std::vector<std::pair<std::string, int32_t>> kOperators = {
+          {"lt", qbLessThan}, {"le", qbLessThanOrEqual}, {"eq", qbEqual}, {"gt", qbGreaterThan},
+          {"ge", qbGreaterThanOrEqual}};
+      for (const auto& [name, code] : kOperators)
+        if (EqualsIgnoreCase(name, args->balance[0])) balanceFilter = code;
+      if (balanceFilter == 0 || !Currency::TryParse(args->balance[1], balance))
+        throw CLI::ValidationError("--balance", "takes an operator (lt, le, eq, gt, ge) and an amount");
+    }
     qbsim::RegisterProcessor();
     QBConnection connection;
     if (!global.transcript.empty()) connection.SetDebugLogPath(global.transcript);
@@ -182,9 +239,14 @@ void AddListCommand(CLI::App& app, const GlobalOptions& global) {
       const int32_t how = args->match == "starts" ? qbMatchStartsWith
                           : args->match == "contains" ? qbMatchContains
                                                       : qbMatchEndsWith;
-      list->GetByNameMatch(args->nameMatch, how);
+      if (customers) customers->GetByNameMatch(args->nameMatch, how, 0, balanceFilter, balance);
+      else list->GetByNameMatch(args->nameMatch, how);
     } else if (!args->nameFrom.empty()) {
-      list->GetByNameRange(args->nameFrom, args->nameTo);
+      if (customers) customers->GetByNameRange(args->nameFrom, args->nameTo, 0, balanceFilter, balance);
+      else list->GetByNameRange(args->nameFrom, args->nameTo);
+    } else if (customers) {
+      if (args->active) customers->GetActive(0, balanceFilter, balance);
+      else customers->GetAll(0, balanceFilter, balance);
     } else if (args->active) {
       list->GetActive();
     } else {
@@ -195,7 +257,7 @@ void AddListCommand(CLI::App& app, const GlobalOptions& global) {
       SetCurrentLists(nullptr);
       throw Error(e->Number(), "tessaron list", e->Description());
     }
-    const Table table = Collect(*list);
+    const Table table = Collect(Records(*list, args->tree), args->tree);
     SetCurrentLists(nullptr);
     connection.CloseConnection();
     if (args->format == "json") PrintJson(table);

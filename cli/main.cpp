@@ -14,6 +14,7 @@ int main(int argc, char** argv) {
                "Refuse messages that QuickBooks would refuse: not valid against the qbXML schema, or using what "
                "their version or edition lacks");
   tessaron::cli::AddCompanyCommand(app);
+  tessaron::cli::AddCompanyShowCommand(*app.get_subcommand("company"), global);
   tessaron::cli::AddVersionCommand(app);
   tessaron::cli::AddHostCommand(app, global);
   tessaron::cli::AddSendCommand(app, global);

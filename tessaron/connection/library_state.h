@@ -44,6 +44,8 @@ struct LibraryState {
   bool ErrorMode = true;
   bool RecursiveUpdatesOff = true;
   bool IsRemote = false;
+  // Whether QuickBooks allows this application personal data, as the preferences said.
+  bool IsPersonalDataAccessAllowed = false;
   bool DBLogDetail = false;
   int32_t DatabaseMode = 0;
   std::shared_ptr<LogFile> DBLog;

@@ -1,5 +1,7 @@
 #include "tessaron/connection/qb_connection.h"
 
+#include "tessaron/company/company.h"
+#include "tessaron/company/preferences.h"
 #include "tessaron/connection/library_state.h"
 #include "tessaron/foundation/log_file.h"
 #include "tessaron/foundation/values.h"
@@ -33,14 +35,8 @@ int16_t NumericValue(const std::string& text) {
   return static_cast<int16_t>(value);
 }
 
-// ---- The company seam ---------------------------------------------------------------------
-// The Company class (the company record, its collections and its preferences) is not part
-// of the library yet. These two functions are the one place where it will be created and
-// fed: a new Company becomes CurrentCompany and parses the CompanyRet node, and the
-// preferences record goes to CurrentCompany.Preferences. Until then a session has no
-// company, and the preferences, although they are asked for, have nowhere to go.
-void AdoptCompanyRecord(const XmlNode& companyRet) { State().CurrentCompany = nullptr; }
-void AdoptPreferencesRecord(const XmlNode& preferencesRet) {}
+// The response element of the first response (behind the declaration and the message set).
+XmlNode FirstResponse(const XmlDocument& doc) { return doc.childNodes().item(1).childNodes().item(0).childNodes().item(0); }
 
 // The types whose forms QuickBooks shows, by the request that asks for them.
 bool IsListForm(qoEnumListObjectType type) {
@@ -89,7 +85,7 @@ QBConnection::~QBConnection() {
   endSession(state.RequestProcessor, state.SessionTicket);
   endSession(state.SecondaryProcessor, state.SecondaryTicket);
   ignoring([] { CloseTranscript(); });
-  state.CurrentCompany = nullptr;
+  SetCurrentCompany(nullptr);
 }
 
 // ---- Opening --------------------------------------------------------------------------------
@@ -288,10 +284,13 @@ void QBConnection::LoadCompany() {
     if (!guid.empty()) builder.CreateElement("OwnerID", guid);
     builder.EndAggregate("CompanyQueryRq");
     XmlDocument doc = builder.NewSendRequest();
-    if (builder.ErrNumber() == 0)
-      AdoptCompanyRecord(FirstRecord(doc));
-    else
-      State().CurrentCompany = nullptr;
+    if (builder.ErrNumber() == 0) {
+      auto company = std::make_shared<tessaron::Company>();
+      SetCurrentCompany(company);
+      company->FromDom(FirstResponse(doc));
+    } else {
+      SetCurrentCompany(nullptr);
+    }
   } catch (...) {
   }
 }
@@ -303,7 +302,7 @@ void QBConnection::LoadPreferences() {
   XmlDocument doc = builder.QueryFullTableExecute("PreferencesQueryRq", 0);
   if (state.CurrentCompany) {
     XmlNode preferences = FirstRecord(doc);
-    if (!preferences.IsNull()) AdoptPreferencesRecord(preferences);
+    if (!preferences.IsNull()) state.CurrentCompany->Preferences()->FromDom(preferences);
   }
 }
 
@@ -322,6 +321,8 @@ void QBConnection::CloseConnection() {
     state.SecondaryProcessor->CloseConnection();
   }
   companyPath_.clear();
+  // The company lives as long as the session: its masters and their objects go with it.
+  SetCurrentCompany(nullptr);
   for (const auto& callback : connectionClosed_) callback();
   state.IsConnected = false;
 }
@@ -380,6 +381,7 @@ int16_t QBConnection::QBMajorVersion() const { return NumericValue(majorVersion_
 int16_t QBConnection::QBMinorVersion() const { return NumericValue(minorVersion_); }
 bool QBConnection::ErrorMode() const { return State().ErrorMode; }
 void QBConnection::SetErrorMode(bool value) { State().ErrorMode = value; }
+std::shared_ptr<tessaron::Company> QBConnection::Company() const { return State().CurrentCompany; }
 bool QBConnection::IsUSProduct() const { return !State().IsNonUSProduct; }
 bool QBConnection::DatabaseRecursiveUpdates() const { return !State().RecursiveUpdatesOff; }
 void QBConnection::SetDatabaseRecursiveUpdates(bool value) { State().RecursiveUpdatesOff = !value; }

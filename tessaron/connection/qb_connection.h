@@ -28,6 +28,7 @@
 
 namespace tessaron {
 
+class Company;
 class LogFile;
 
 // How BeginSession opens the company file; handed to the request processor as it stands.
@@ -107,6 +108,9 @@ class QBConnection {
   void SetDebugLogPath(const std::string& path);
   // The open company file; empty when closed.
   const std::string& CompanyPath() const { return companyPath_; }
+  // The company of the session (null before a connection, after its close, or when the
+  // company query failed).
+  std::shared_ptr<tessaron::Company> Company() const;
   // The supported version of the host record (not the session's version text).
   const std::string& qbXMLVersion() const { return supportedVersion_; }
   const std::string& ProductName() const { return productName_; }

@@ -391,10 +391,16 @@ int32_t ListCollectionBase::ResponseStep(const XmlNode& node, const std::shared_
     return status.code;
   }
   const bool wasNew = obj->ObjectState() == qoObjectStateNew;
-  const std::string oldKey = wasNew && info_.rekeyNewOnResponse ? obj->CollectionKey() : std::string();
   obj->FromDom(node.childNodes().item(0));
   if (wasNew && info_.rekeyNewOnResponse) {
-    mCol_.Remove(Variant(oldKey));
+    // Found by identity, not by its present name: a New record renamed before its first
+    // commit still sits under the key it was added with.
+    for (long i = 1; i <= mCol_.Count(); ++i) {
+      if (mCol_.Item(i) == obj) {
+        mCol_.Remove(i);
+        break;
+      }
+    }
     mCol_.Add(obj, obj->CollectionKey());
   }
   OnCommitted(obj);

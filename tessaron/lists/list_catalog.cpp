@@ -5,6 +5,7 @@
 
 #include "tessaron/lists/class.h"
 #include "tessaron/lists/customer_message.h"
+#include "tessaron/lists/customers.h"
 #include "tessaron/lists/entities.h"
 #include "tessaron/lists/sales_rep.h"
 #include "tessaron/lists/sales_tax_code.h"
@@ -29,6 +30,7 @@ const std::map<std::string, Factory>& Catalog() {
       {"Classes", Make<Classes>()},
       {"CustomerMessages", Make<CustomerMessages>()},
       {"CustomerTypes", Make<CustomerTypes>()},
+      {"Customers", Make<Customers>()},
       {"Entities", Make<Entities>()},
       {"JobTypes", Make<JobTypes>()},
       {"PaymentMethods", Make<PaymentMethods>()},

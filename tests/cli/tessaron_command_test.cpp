@@ -96,9 +96,58 @@ TEST_F(TessaronCommand, DemoConnectsAndCloses) {
   EXPECT_NE(r.out.find("Connection closed."), std::string::npos) << r.out;
 }
 
+TEST_F(TessaronCommand, DemoShowsTheCompanyTheCustomerTreeAndANewCustomerReadBack) {
+  Outcome first = Tessaron("demo --company " + company_, dir_);
+  ASSERT_EQ(first.exitCode, 0) << first.err;
+  EXPECT_NE(first.out.find("Name                                    Larkspur Cabinetry"), std::string::npos) << first.out;
+  EXPECT_NE(first.out.find("\n  Amber Bakery "), std::string::npos) << first.out;
+  EXPECT_NE(first.out.find("\n    Kitchen Remodel "), std::string::npos) << first.out;
+  EXPECT_NE(first.out.find("\n      Phase 1 "), std::string::npos) << first.out;
+  EXPECT_NE(first.out.find("committing: accepted"), std::string::npos) << first.out;
+  EXPECT_NE(first.out.find("Read back: Tessaron Demo Customer, 555-0199, 1 Demo Way, Millbrook"), std::string::npos)
+      << first.out;
+  // A second run on the same file adds a customer of another name.
+  Outcome second = Tessaron("demo --company " + company_, dir_);
+  ASSERT_EQ(second.exitCode, 0) << second.err;
+  EXPECT_NE(second.out.find("Read back: Tessaron Demo Customer 2,"), std::string::npos) << second.out;
+}
+
+TEST_F(TessaronCommand, CompanyShowPrintsTheRecordItsAddressesAndPreferences) {
+  Outcome r = Tessaron("company show --company " + company_, dir_);
+  ASSERT_EQ(r.exitCode, 0) << r.err;
+  EXPECT_NE(r.out.find("LegalName                               Larkspur Cabinetry and Millwork\n"), std::string::npos)
+      << r.out;
+  EXPECT_NE(r.out.find("\nLegalAddress                            "), std::string::npos) << r.out;
+  EXPECT_NE(r.out.find("\nPreferences\n  IsUsingAccountNumbers                 true\n"), std::string::npos) << r.out;
+  EXPECT_NE(r.out.find("  DefaultShipMethod                     Courier\n"), std::string::npos) << r.out;
+}
+
+TEST_F(TessaronCommand, ListCustomersAsATreeWithTheBalanceFilter) {
+  Outcome tree = Tessaron("list Customers --tree --company " + company_, dir_);
+  ASSERT_EQ(tree.exitCode, 0) << tree.err;
+  EXPECT_EQ(tree.out.rfind("Name ", 0), 0u) << tree.out;
+  const size_t customer = tree.out.find("\nAmber Bakery ");
+  const size_t job = tree.out.find("\n  Kitchen Remodel ");
+  const size_t phase = tree.out.find("\n    Phase 1 ");
+  ASSERT_NE(customer, std::string::npos) << tree.out;
+  EXPECT_LT(customer, job);
+  EXPECT_LT(job, phase);
+
+  Outcome owing = Tessaron("list Customers --balance gt 5000 --format csv --company " + company_, dir_);
+  ASSERT_EQ(owing.exitCode, 0) << owing.err;
+  Outcome all = Tessaron("list Customers --format csv --company " + company_, dir_);
+  const auto lines = [](const std::string& text) { return std::count(text.begin(), text.end(), '\n'); };
+  EXPECT_GT(lines(owing.out), 1) << owing.out;
+  EXPECT_LT(lines(owing.out), lines(all.out));
+
+  EXPECT_NE(Tessaron("list Classes --balance gt 5 --company " + company_, dir_).exitCode, 0);
+  EXPECT_NE(Tessaron("list Customers --balance over 5 --company " + company_, dir_).exitCode, 0);
+  EXPECT_NE(Tessaron("list Customers --tree --format json --company " + company_, dir_).exitCode, 0);
+}
+
 TEST_F(TessaronCommand, EveryCommandHasHelp) {
-  for (const char* args : {"--help", "company --help", "company create --help", "send --help", "host --help",
-                           "demo --help", "version --help"}) {
+  for (const char* args : {"--help", "company --help", "company create --help", "company show --help", "send --help",
+                           "host --help", "demo --help", "version --help", "list --help"}) {
     Outcome r = Tessaron(args, dir_);
     EXPECT_EQ(r.exitCode, 0) << args;
     EXPECT_NE(r.out.find("Usage"), std::string::npos) << args;

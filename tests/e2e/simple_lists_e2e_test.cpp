@@ -22,37 +22,12 @@
 #include "tessaron/lists/terms.h"
 #include "tessaron/lists/to_do.h"
 #include "tests/support/qbxml_check.h"
+#include "tests/support/recording_processor.h"
 
 namespace tessaron {
 namespace {
 
-// Passes every call to the embedded processor and keeps the messages.
-class Recorder : public RequestProcessor {
- public:
-  explicit Recorder(std::shared_ptr<RequestProcessor> inner) : inner_(std::move(inner)) {}
-  void OpenConnection(const std::string& a, const std::string& b) override { inner_->OpenConnection(a, b); }
-  std::string BeginSession(const std::string& f, int32_t m) override { return inner_->BeginSession(f, m); }
-  void EndSession(const std::string& t) override { inner_->EndSession(t); }
-  void CloseConnection() override { inner_->CloseConnection(); }
-  std::string ProcessRequest(const std::string& t, const std::string& rq) override {
-    std::string rs = inner_->ProcessRequest(t, rq);
-    messages.push_back(rq);
-    messages.push_back(rs);
-    return rs;
-  }
-  std::string ProcessSubscription(const std::string& rq) override { return inner_->ProcessSubscription(rq); }
-  std::vector<std::string> QBXMLVersionsForSession(const std::string& t) override {
-    return inner_->QBXMLVersionsForSession(t);
-  }
-  std::string GetCurrentCompanyFileName(const std::string& t) override { return inner_->GetCurrentCompanyFileName(t); }
-  int MajorVersion() override { return inner_->MajorVersion(); }
-  int MinorVersion() override { return inner_->MinorVersion(); }
-
-  std::vector<std::string> messages;
-
- private:
-  std::shared_ptr<RequestProcessor> inner_;
-};
+using testing::RecordingProcessor;
 
 class SimpleListsE2E : public ::testing::Test {
  protected:
@@ -63,7 +38,7 @@ class SimpleListsE2E : public ::testing::Test {
     qbsim::CreateSampleCompany(file_, sample);
     qbsim::ProcessorOptions options;
     options.strict = true;
-    recorder_ = std::make_shared<Recorder>(qbsim::CreateProcessor(options));
+    recorder_ = std::make_shared<RecordingProcessor>(qbsim::CreateProcessor(options));
     for (const char* id : {kRequestProcessor1, kRequestProcessor2})
       RegisterRequestProcessor(id, [r = recorder_] { return r; });
     connection_ = std::make_unique<QBConnection>();
@@ -119,7 +94,7 @@ class SimpleListsE2E : public ::testing::Test {
 
   testing::TempDir dir_;
   std::string file_ = dir_.File("company.qbw");
-  std::shared_ptr<Recorder> recorder_;
+  std::shared_ptr<RecordingProcessor> recorder_;
   std::unique_ptr<QBConnection> connection_;
   std::shared_ptr<Lists> lists_;
 };

@@ -4,6 +4,7 @@
 #include <filesystem>
 
 #include "qbsim/schema_validator.h"
+#include "tessaron/platform/text.h"
 
 namespace tessaron::testing {
 
@@ -12,6 +13,15 @@ namespace tessaron::testing {
   std::string error = validator.Validate(message);
   if (error.empty()) return ::testing::AssertionSuccess();
   return ::testing::AssertionFailure() << error << "\n  message: " << message.substr(0, 800);
+}
+
+::testing::AssertionResult IsValidQbxmlOfAnyEdition(std::string_view message) {
+  std::string us(message);
+  for (const char* tag : {"Province", "County"}) {
+    us = ReplaceAll(us, std::string("<") + tag + ">", "<State>");
+    us = ReplaceAll(us, std::string("</") + tag + ">", "</State>");
+  }
+  return IsValidQbxml(us);
 }
 
 TempDir::TempDir() {

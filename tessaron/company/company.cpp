@@ -1,0 +1,214 @@
+#include "tessaron/company/company.h"
+
+#include <string_view>
+
+#include "tessaron/connection/library_state.h"
+#include "tessaron/foundation/enumerations.h"
+#include "tessaron/foundation/error_numbers.h"
+#include "tessaron/foundation/qc_error.h"
+#include "tessaron/foundation/values.h"
+#include "tessaron/messaging/xml_bldr.h"
+#include "tessaron/platform/error.h"
+
+namespace tessaron {
+
+namespace {
+
+[[noreturn]] void NotAvailable(const char* what) {
+  throw Error(err::kFeatureNotSupported, "Company",
+              std::string(what) + " is not available in this version of Tessaron.");
+}
+
+// A master instance, registered under its list key when it has one.
+template <class C>
+std::shared_ptr<C> Master(Lists& lists, const char* key) {
+  auto list = std::make_shared<C>();
+  list->SetMaster(true);
+  if (key) lists.AddObject(list, key);
+  return list;
+}
+
+}  // namespace
+
+Company::Company()
+    : address_(std::make_shared<tessaron::Address>()),
+      addressForCustomers_(std::make_shared<tessaron::Address>()),
+      legalAddress_(std::make_shared<tessaron::Address>()),
+      preferences_(std::make_shared<tessaron::Preferences>()),
+      lists_(std::make_shared<tessaron::Lists>()) {
+  // Registered in the order of the list keys; the lists still to come keep their places.
+  tessaron::Lists& l = *lists_;
+  customers_ = Master<tessaron::Customers>(l, "Customer");
+  salesTaxCodes_ = Master<tessaron::SalesTaxCodes>(l, "SalesTaxCode");
+  terms_ = Master<tessaron::Terms>(l, "Terms");
+  salesReps_ = Master<tessaron::SalesReps>(l, "SalesRep");
+  customerMessages_ = Master<tessaron::CustomerMessages>(l, "CustomerMessage");
+  toDoList_ = Master<tessaron::ToDoList>(l, "ToDo");
+  classes_ = Master<tessaron::Classes>(l, "Class");
+  paymentMethods_ = Master<tessaron::PaymentMethods>(l, "PaymentMethod");
+  customerTypes_ = Master<tessaron::CustomerTypes>(l, "CustomerType");
+  jobTypes_ = Master<tessaron::JobTypes>(l, "JobType");
+  vendorTypes_ = Master<tessaron::VendorTypes>(l, "VendorType");
+  shipMethods_ = Master<tessaron::ShipMethods>(l, "ShipMethod");
+  entities_ = Master<tessaron::Entities>(l, "Entity");
+  // The entity list makes customers of its CustomerRet records.
+  tessaron::Entities::RegisterEntityKind("CustomerRet", [] { return std::make_shared<Customer>(); });
+}
+
+Company::~Company() = default;
+
+std::shared_ptr<qcErrors> Company::Errors() {
+  if (!errors_) errors_ = std::make_shared<qcErrors>();
+  return errors_;
+}
+
+std::shared_ptr<tessaron::Templates> Company::Templates() {
+  if (!templates_) templates_ = std::make_shared<tessaron::Templates>();
+  return templates_;
+}
+
+// ---- Reading the record ----------------------------------------------------------------
+
+void Company::FromDom(const XmlNode& node) {
+  XmlNodeList records = node.childNodes();
+  for (long r = 0; r < records.length(); ++r) {
+    XmlNodeList fields = records.item(r).childNodes();
+    const long count = fields.length();
+    for (long i = 0; i < count; ++i) {
+      XmlNode field = fields.item(i);
+      const std::string_view tag = field.baseName();
+      if (tag == "CompanyEmailForCustomer") emailForCustomers_ = field.text();
+      else if (tag == "CompanyName") name_ = field.text();
+      else if (tag == "CompanyType") companyType_ = field.text();
+      else if (tag == "CompanyWebSite") webSite_ = field.text();
+      else if (tag == "Email") email_ = field.text();
+      else if (tag == "Fax") fax_ = field.text();
+      else if (tag == "FirstMonthFiscalYear") firstMonthFiscalYear_ = EnumXMLToCode(field.text(), qoeMonth);
+      else if (tag == "FirstMonthIncomeTaxYear") firstMonthIncomeTaxYear_ = EnumXMLToCode(field.text(), qoeMonth);
+      else if (tag == "LegalCompanyName") legalName_ = field.text();
+      else if (tag == "Phone") phone_ = field.text();
+      else if (tag == "Address") address_->FromDom(field);
+      else if (tag == "LegalAddress") legalAddress_->FromDom(field);
+      else if (tag == "CompanyAddressForCustomer") addressForCustomers_->FromDom(field);
+      else if (tag == "TaxForm") taxForm_ = field.text();
+      else if (tag == "EIN") ein_ = field.text();
+      else if (tag == "IsSampleCompany") isSampleCompany_ = BooleanFromText(field.text());
+      else if (tag == "DataExtRet") continue;  // the company's custom fields are not read yet
+      else NoteUnknownElement(tag, "Companies");
+    }
+  }
+}
+
+// ---- Beside the record -------------------------------------------------------------------
+
+std::string Company::DefaultARAccount() { NotAvailable("DefaultARAccount"); }
+std::string Company::DefaultAPAccount() { NotAvailable("DefaultAPAccount"); }
+std::string Company::DefaultBankAccount() { NotAvailable("DefaultBankAccount"); }
+std::shared_ptr<DataExtensionDefinitions> Company::CustomFields() { NotAvailable("CustomFields"); }
+std::shared_ptr<DataExtensionDefinitions> Company::ApplicationFields() { NotAvailable("ApplicationFields"); }
+std::shared_ptr<DataExtensions> Company::CompanyApplicationFields() { NotAvailable("CompanyApplicationFields"); }
+
+Date Company::ActivityTime(long position) {
+  Errors()->Clear();
+  xmlBldr b;
+  b.NewClear();
+  b.OpenAggregateOnly("CompanyActivityQueryRq");
+  b.EndAggregate();
+  XmlDocument doc = b.NewSendRequest();
+  // The fields are read by position: LastRestoreTime, then LastCondenseTime.
+  XmlNode ret = doc.childNodes().item(1).childNodes().item(0).childNodes().item(0).childNodes().item(0);
+  XmlNode field = ret.childNodes().item(position);
+  return DateFromText(field.IsNull() ? std::string() : field.text());
+}
+
+Date Company::LastRestoreTime() { return ActivityTime(0); }
+Date Company::LastCondenseTime() { return ActivityTime(1); }
+
+// ---- Operations --------------------------------------------------------------------------
+
+bool Company::ValidateAll() {
+  auto errors = Errors();
+  errors->Clear();
+  bool all = true;
+  for (const auto& list : lists_->NewEnum()) {
+    if (list->Validate()) continue;
+    all = false;
+    errors->Add(err::kValidateFailed, ListTypeKey(list->ListType()), err::kValidateFailedText);
+  }
+  return all;
+}
+
+int32_t Company::XMLVendorQueryRs(xmlBldr& cxmlbldr, int16_t iRequestId) {
+  xmlBldr& b = cxmlbldr;
+  b.OpenAggregate("VendorQueryRs", "requestID", std::to_string(iRequestId));
+  b.OpenAggregateOnly("VendorRet");
+  b.CreateElement("Name", name_);
+  b.CreateElement("CompanyName", name_);
+  b.OpenAggregateOnly("VendorAddress");
+  address_->Write(b);
+  b.EndAggregate("VendorAddress");
+  b.CreateElement("Phone", phone_);
+  b.CreateElement("Fax", fax_);
+  b.CreateElement("Email", email_);
+  b.EndAggregate("VendorRet");
+  b.EndAggregate("VendorQueryRs");
+  return 0;
+}
+
+int32_t Company::SetClearedStatus(int32_t ClearedStatus, const std::string& TxnId, const std::string& TxnLineId) {
+  const std::string& status = EnumCodeToXML(ClearedStatus, qoeClearedStatus);
+  xmlBldr b;
+  b.NewClear();
+  b.OpenAggregate("ClearedStatusModRq", "requestID", "1");
+  b.OpenAggregateOnly("ClearedStatusMod");
+  b.CreateElement("TxnID", TxnId);
+  if (!TxnLineId.empty()) b.CreateElement("TxnLineID", TxnLineId);
+  b.CreateElement("ClearedStatus", status);
+  b.EndAggregate("ClearedStatusMod");
+  b.EndAggregate("ClearedStatusModRq");
+  b.NewSendRequest();
+  return b.ErrNumber();
+}
+
+// ---- Collections still to come -------------------------------------------------------------
+
+#define TESSARON_NOT_YET(Name) \
+  std::shared_ptr<tessaron::Name> Company::Name() { NotAvailable(#Name); }
+TESSARON_NOT_YET(Accounts)
+TESSARON_NOT_YET(Items)
+TESSARON_NOT_YET(Vendors)
+TESSARON_NOT_YET(OtherNames)
+TESSARON_NOT_YET(Employees)
+TESSARON_NOT_YET(PayrollItemWages)
+TESSARON_NOT_YET(PayrollItemNonWages)
+TESSARON_NOT_YET(SalesOrders)
+TESSARON_NOT_YET(JournalEntries)
+TESSARON_NOT_YET(Bills)
+TESSARON_NOT_YET(Checks)
+TESSARON_NOT_YET(PurchaseOrders)
+TESSARON_NOT_YET(VendorCredits)
+TESSARON_NOT_YET(CreditCardCharges)
+TESSARON_NOT_YET(CreditCardCredits)
+TESSARON_NOT_YET(Invoices)
+TESSARON_NOT_YET(TimeTrackings)
+TESSARON_NOT_YET(SalesReceipts)
+TESSARON_NOT_YET(CreditMemos)
+TESSARON_NOT_YET(Estimates)
+TESSARON_NOT_YET(ReceivePayments)
+TESSARON_NOT_YET(BillPayments)
+TESSARON_NOT_YET(UndepositedFunds)
+TESSARON_NOT_YET(Deposits)
+TESSARON_NOT_YET(StatementCharges)
+TESSARON_NOT_YET(InventoryAdjustments)
+TESSARON_NOT_YET(SalesTaxPaymentChecks)
+TESSARON_NOT_YET(ItemReceipts)
+#undef TESSARON_NOT_YET
+
+// ---- The company of the session ------------------------------------------------------------
+
+void SetCurrentCompany(std::shared_ptr<Company> company) {
+  SetCurrentLists(company ? company->Lists() : nullptr);
+  State().CurrentCompany = std::move(company);
+}
+
+}  // namespace tessaron

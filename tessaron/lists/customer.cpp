@@ -1,0 +1,378 @@
+#include "tessaron/lists/customer.h"
+
+#include "tessaron/connection/library_state.h"
+#include "tessaron/foundation/enumerations.h"
+#include "tessaron/foundation/error_numbers.h"
+#include "tessaron/foundation/qc_error.h"
+#include "tessaron/foundation/values.h"
+#include "tessaron/messaging/xml_bldr.h"
+
+namespace tessaron {
+
+namespace {
+
+// The lowest qbXML version whose modify request carries most fields, and the mark of the
+// fields no modify carries.
+const Currency kV3 = Currency(3);
+const Currency kNever = Currency(999);
+
+Customer& Self(ListObject& o) { return static_cast<Customer&>(o); }
+const Customer& Self(const ListObject& o) { return static_cast<const Customer&>(o); }
+
+bool IsUSEdition(const ListObject&) { return !State().IsNonUSProduct; }
+
+// An address aggregate: sent in add and modify unless Clean (so a New empty address goes
+// out as an empty aggregate); always in the query form.
+void WriteAddress(const std::shared_ptr<Address>& address, const char* tag, xmlBldr& b, WriteMode mode) {
+  if (!address || (mode != WriteMode::QueryRs && address->ObjectState() == qoObjectStateClean)) return;
+  b.OpenAggregateOnly(tag);
+  address->Write(b);
+  b.EndAggregate(tag);
+}
+
+void ReadAddress(std::shared_ptr<Address>& address, const XmlNode& node) {
+  if (!address) address = std::make_shared<Address>();
+  address->FromDom(node);
+}
+
+void CheckAddress(const std::shared_ptr<Address>& address, const char* field, qcErrors& errors) {
+  if (address && (address->Validate(), address->Errors()->Count() > 0))
+    errors.Add(err::kAddressError, field, err::kAddressErrorText);
+}
+
+}  // namespace
+
+const ListClassInfo& Customer::Info() {
+  using C = ListObject::Common;
+  static const ListClassInfo info = [] {
+    ListClassInfo i = ClassOf("Customer", qoObjectTypeCustomer, qoListCustomers, ModifyRule::Write);
+    i.supportsChildren = true;
+    i.key = KeyRule::TreeFullName;
+    i.queryBooleans = QueryBooleans::Digits;
+    auto text = [](std::string_view tag, std::string Customer::*m) {
+      return field::Text(tag, m).Add(Send::IfSet).Mod(Send::Always);
+    };
+    auto ref = [](std::string_view tag, std::shared_ptr<qcListObjectRef> Customer::*m, qoEnumListType list) {
+      return field::Ref(tag, m, list).Add(Send::IfSet).Mod(Send::Forced, kV3);
+    };
+    auto addOnly = [](FieldDef f) { return f.Add(Send::IfSet); };
+    // One row per field, in the order of the query form; the add and modify requests take
+    // their fields in the same order.
+    i.fields = C::Rows({
+        C::Name(Send::IfSet, Send::Always),
+        C::FullName(),
+        C::IsActive().Mod(Send::Always, kV3),
+        C::ParentRef(),
+        C::Sublevel(),
+        text("CompanyName", &Customer::companyName_),
+        text("Salutation", &Customer::salutation_),
+        text("FirstName", &Customer::firstName_),
+        text("MiddleName", &Customer::middleName_),
+        text("LastName", &Customer::lastName_),
+        addOnly(field::Text("Suffix", &Customer::suffix_)),
+        field::Custom(
+            "BillAddress", [](ListObject& o, const XmlNode& n) { ReadAddress(Self(o).billTo_, n); },
+            [](ListObject& o, xmlBldr& b, WriteMode m) { WriteAddress(Self(o).billTo_, "BillAddress", b, m); },
+            [](const ListObject& o) { return Self(o).billTo_ ? AddressText(*Self(o).billTo_) : std::string(); })
+            .Add(Send::Always)
+            .Mod(Send::Always)
+            .As("BillTo"),
+        field::Custom(
+            "ShipAddress", [](ListObject& o, const XmlNode& n) { ReadAddress(Self(o).shipTo_, n); },
+            [](ListObject& o, xmlBldr& b, WriteMode m) { WriteAddress(Self(o).shipTo_, "ShipAddress", b, m); },
+            [](const ListObject& o) { return Self(o).shipTo_ ? AddressText(*Self(o).shipTo_) : std::string(); })
+            .Add(Send::Always)
+            .Mod(Send::Always)
+            .As("ShipTo"),
+        field::Text("PrintAs", &Customer::printAs_),
+        text("Phone", &Customer::phone_),
+        addOnly(field::Text("Mobile", &Customer::mobile_)),
+        addOnly(field::Text("Pager", &Customer::pager_)),
+        text("AltPhone", &Customer::altPhone_),
+        text("Fax", &Customer::fax_),
+        text("Email", &Customer::email_),
+        text("Contact", &Customer::contact_),
+        text("AltContact", &Customer::altContact_),
+        ref("CustomerTypeRef", &Customer::customerType_, qoListCustomerTypes).As("CustomerType"),
+        ref("TermsRef", &Customer::terms_, qoListTerms).As("Terms"),
+        ref("SalesRepRef", &Customer::salesRep_, qoListSalesRep).As("SalesRep"),
+        field::Amount("Balance", &Customer::balance_),
+        field::Amount("TotalBalance", &Customer::totalBalance_),
+        addOnly(field::Amount("OpenBalance", &Customer::openingBalance_)).NotInQuery().As("OpeningBalance"),
+        addOnly(field::DateOnly("OpenBalanceDate", &Customer::openingBalanceDate_)).NotInQuery().As("OpeningBalanceDate"),
+        ref("SalesTaxCodeRef", &Customer::salesTaxCode_, qoListSalesTaxCodes).When(IsUSEdition).As("SalesTaxCode"),
+        ref("ItemSalesTaxRef", &Customer::salesTaxItem_, qoListItems).When(IsUSEdition).As("SalesTaxItem"),
+        text("ResaleNumber", &Customer::resaleNumber_).Mod(Send::Always, kV3),
+        text("AccountNumber", &Customer::accountNumber_),
+        // A limit of 0 goes out in a modify only when the caller set it.
+        field::Amount("CreditLimit", &Customer::creditLimit_)
+            .Add(Send::IfSet)
+            .Mod(Send::Always, kV3)
+            .When([](const ListObject& o) {
+              auto& c = static_cast<const Customer&>(o);
+              return c.creditLimit_ != Currency() || c.creditLimitTouched_;
+            }),
+        ref("PreferredPaymentMethodRef", &Customer::paymentMethod_, qoListPaymentMethods).NotInQuery().As("PaymentMethod"),
+        field::Custom(
+            "CreditCardInfo",
+            [](ListObject& o, const XmlNode& n) {
+              auto& card = Self(o).creditCard_;
+              if (!card) card = std::make_shared<tessaron::CreditCard>();
+              card->FromDom(n);
+            },
+            [](ListObject& o, xmlBldr& b, WriteMode) {
+              const auto& card = Self(o).creditCard_;
+              if (!card || card->IsEmpty()) return;
+              b.OpenAggregateOnly("CreditCardInfo");
+              card->Write(b);
+              b.EndAggregate("CreditCardInfo");
+            })
+            .Add(Send::Always)
+            .Mod(Send::Always)
+            .NotInQuery()
+            .As("CreditCard"),
+        // A modify sends the status even when it is 0, as "None".
+        field::Enum("JobStatus", &Customer::jobStatus_, qoeJobStatus).Add(Send::IfSet).Mod(Send::Always, kV3),
+        field::DateOnly("JobStartDate", &Customer::jobStartDate_).Add(Send::IfSet).Mod(Send::IfSet, kV3),
+        field::DateOnly("JobProjectedEndDate", &Customer::jobProjectedEndDate_).Add(Send::IfSet).Mod(Send::IfSet, kV3),
+        field::DateOnly("JobEndDate", &Customer::jobEndDate_).Add(Send::IfSet).Mod(Send::IfSet, kV3),
+        text("JobDesc", &Customer::jobDescription_).Mod(Send::Always, kV3).As("JobDescription"),
+        ref("JobTypeRef", &Customer::jobType_, qoListJobTypes).As("JobType"),
+        field::Text("Notes", &Customer::notes_).Add(Send::IfSet, kV3).Mod(Send::Always, kV3),
+        field::Custom(
+            "IsStatementWithParent",
+            [](ListObject& o, const XmlNode& n) {
+              const std::string t = n.text();
+              if (!t.empty()) Self(o).isStatementWithParent_ = BooleanFromText(t) ? 1 : 0;
+            },
+            [](ListObject& o, xmlBldr& b, WriteMode) {
+              if (Self(o).isStatementWithParent_ > 0) b.CreateElement("IsStatementWithParent", "1");
+            },
+            [](const ListObject& o) {
+              const int32_t v = Self(o).isStatementWithParent_;
+              return std::string(v < 0 ? "" : v > 0 ? "true" : "false");
+            })
+            .Add(Send::Always),
+        field::Custom(
+            "DeliveryMethod",
+            [](ListObject& o, const XmlNode& n) {
+              const std::string t = n.text();
+              if (!t.empty()) Self(o).deliveryMethod_ = EnumXMLToCode(t, qoeDeliveryMethod);
+            },
+            [](ListObject& o, xmlBldr& b, WriteMode) {
+              const int32_t method = Self(o).deliveryMethod_;
+              if (method > 0) b.CreateElement("DeliveryMethod", EnumCodeToDescription(method, qoeDeliveryMethod));
+            },
+            [](const ListObject& o) { return EStr(Self(o).deliveryMethod_, qoeDeliveryMethod); })
+            .Add(Send::Always),
+        // Known tags this library keeps nothing of.
+        field::Dropped("TaxCodeRef"),
+        field::Dropped("CurrencyRef"),
+        field::Dropped("PriceLevelRef"),
+    });
+    auto length = [](std::string Customer::*m, const char* label, size_t max, uint32_t code, const char* message) {
+      return check::MaxLength(m, label, max, code, message);
+    };
+    i.checks = {
+        C::NameCheck(41, err::kCustomerNameTooLong, err::kCustomerNameTooLongText),
+        C::ParentCheck(),
+        length(&Customer::companyName_, "Company Name", 41, err::kCustomerNameTooLong, err::kCustomerNameTooLongText),
+        length(&Customer::salutation_, "Salutation", 15, err::kSalutationTooLong, err::kSalutationTooLongText),
+        length(&Customer::firstName_, "First Name", 25, err::kFirstLastNameTooLong, err::kFirstLastNameTooLongText),
+        length(&Customer::middleName_, "Middle Name", 5, err::kMiddleNameTooLong, err::kMiddleNameTooLongText),
+        length(&Customer::lastName_, "Last Name", 25, err::kFirstLastNameTooLong, err::kFirstLastNameTooLongText),
+        length(&Customer::phone_, "Phone", 21, err::kPhoneTooLong, err::kPhoneTooLongText),
+        check::Custom([](ListObject& o, qcErrors& e) { CheckAddress(Self(o).billTo_, "BillTo", e); }),
+        check::Custom([](ListObject& o, qcErrors& e) { CheckAddress(Self(o).shipTo_, "ShipTo", e); }),
+        length(&Customer::altPhone_, "Alt Phone", 21, err::kPhoneTooLong, err::kPhoneTooLongText),
+        length(&Customer::email_, "Email", 99, err::kEmailTooLong, err::kEmailTooLongText),
+        length(&Customer::contact_, "Contact", 41, err::kCustomerNameTooLong, err::kCustomerNameTooLongText),
+        length(&Customer::altContact_, "Alt Contact", 41, err::kCustomerNameTooLong, err::kCustomerNameTooLongText),
+        length(&Customer::resaleNumber_, "Resale Number", 15, err::kResaleNumberTooLong,
+               err::kResaleNumberTooLongText),
+        length(&Customer::accountNumber_, "Account Number", 99, err::kCustomerAccountNumberTooLong,
+               err::kCustomerAccountNumberTooLongText),
+        // The label of the job description has always been the account number's.
+        length(&Customer::jobDescription_, "Account Number", 99, err::kJobDescTooLong, err::kJobDescTooLongText),
+    };
+    return i;
+  }();
+  return info;
+}
+
+Customer::Customer()
+    : ListObject(Info()),
+      customerType_(std::make_shared<qcListObjectRef>(qoListCustomerTypes)),
+      terms_(std::make_shared<qcListObjectRef>(qoListTerms)),
+      salesRep_(std::make_shared<qcListObjectRef>(qoListSalesRep)),
+      salesTaxCode_(std::make_shared<qcListObjectRef>(qoListSalesTaxCodes)),
+      salesTaxItem_(std::make_shared<qcListObjectRef>(qoListItems)),
+      jobType_(std::make_shared<qcListObjectRef>(qoListJobTypes)) {}
+
+// ---- Setters ---------------------------------------------------------------------------
+
+void Customer::SetRef(std::shared_ptr<qcListObjectRef>& ref, const std::string& value, Currency minVersion) {
+  CheckFieldFromVersion(minVersion);
+  // Only the name changes: an old ListID stays, and the name wins when the reference is sent.
+  ref->SetFullName(value);
+}
+
+void Customer::SetIsActive(bool value) { StoreFromVersion(isActive_, value, kV3); }
+void Customer::SetCustomerType(const std::string& value) { SetRef(customerType_, value, kV3); }
+void Customer::SetTerms(const std::string& value) { SetRef(terms_, value, kV3); }
+void Customer::SetSalesRep(const std::string& value) { SetRef(salesRep_, value, kV3); }
+void Customer::SetSalesTaxCode(const std::string& value) { SetRef(salesTaxCode_, value, kV3); }
+void Customer::SetSalesTaxItem(const std::string& value) { SetRef(salesTaxItem_, value, kV3); }
+void Customer::SetJobType(const std::string& value) { SetRef(jobType_, value, kV3); }
+
+std::shared_ptr<qcListObjectRef>& Customer::PaymentMethodRef() {
+  if (!paymentMethod_) paymentMethod_ = std::make_shared<qcListObjectRef>(qoListPaymentMethods);
+  return paymentMethod_;
+}
+const std::string& Customer::PaymentMethod() const {
+  static const std::string none;
+  return paymentMethod_ ? paymentMethod_->FullName() : none;
+}
+void Customer::SetPaymentMethod(const std::string& value) { SetRef(PaymentMethodRef(), value, kV3); }
+
+void Customer::SetOpeningBalance(Currency value) { StoreFromVersion(openingBalance_, value, kNever); }
+void Customer::SetOpeningBalanceDate(Date value) { StoreFromVersion(openingBalanceDate_, value, kNever); }
+void Customer::SetResaleNumber(const std::string& value) { StoreFromVersion(resaleNumber_, value, kV3); }
+void Customer::SetAccountNumber(const std::string& value) { StoreFromVersion(accountNumber_, value, 1); }
+void Customer::SetCreditLimit(Currency value) {
+  StoreFromVersion(creditLimit_, value, kV3);
+  creditLimitTouched_ = true;
+}
+
+std::shared_ptr<tessaron::CreditCard> Customer::CreditCard() {
+  if (!creditCard_) creditCard_ = std::make_shared<tessaron::CreditCard>();
+  return creditCard_;
+}
+
+void Customer::SetJobStatus(qbEnumJobStatus value) { StoreFromVersion(jobStatus_, value, kV3); }
+void Customer::SetJobStartDate(Date value) { StoreFromVersion(jobStartDate_, value, kV3); }
+void Customer::SetJobProjectedEndDate(Date value) { StoreFromVersion(jobProjectedEndDate_, value, kV3); }
+void Customer::SetJobEndDate(Date value) { StoreFromVersion(jobEndDate_, value, kV3); }
+void Customer::SetJobDescription(const std::string& value) { StoreFromVersion(jobDescription_, value, kV3); }
+void Customer::SetNotes(const std::string& value) { StoreFromVersion(notes_, value, 1); }
+
+std::shared_ptr<Address> Customer::BillTo() {
+  if (!billTo_) billTo_ = std::make_shared<Address>();
+  return billTo_;
+}
+std::shared_ptr<Address> Customer::ShipTo() {
+  if (!shipTo_) shipTo_ = std::make_shared<Address>();
+  return shipTo_;
+}
+
+void Customer::SetCompanyName(const std::string& value) { StoreFromVersion(companyName_, value, 1); }
+void Customer::SetSalutation(const std::string& value) { StoreFromVersion(salutation_, value, 1); }
+void Customer::SetFirstName(const std::string& value) { StoreFromVersion(firstName_, value, 1); }
+void Customer::SetMiddleName(const std::string& value) { StoreFromVersion(middleName_, value, 1); }
+void Customer::SetLastName(const std::string& value) { StoreFromVersion(lastName_, value, 1); }
+void Customer::SetPhone(const std::string& value) { StoreFromVersion(phone_, value, 1); }
+void Customer::SetAltPhone(const std::string& value) { StoreFromVersion(altPhone_, value, 1); }
+void Customer::SetFax(const std::string& value) { StoreFromVersion(fax_, value, 1); }
+void Customer::SetEmail(const std::string& value) { StoreFromVersion(email_, value, 1); }
+void Customer::SetContact(const std::string& value) { StoreFromVersion(contact_, value, 1); }
+void Customer::SetAltContact(const std::string& value) { SetIfChanged(altContact_, value, 0); }
+void Customer::SetNameChecked(const std::string& value) { StoreFromVersion(name_, value, 1); }
+
+// ---- Copies ----------------------------------------------------------------------------
+
+std::shared_ptr<Customer> Customer::Clone() {
+  auto copy = std::make_shared<Customer>();
+  copy->Copy(*this);
+  return copy;
+}
+
+void Customer::Copy(Customer& FromCustomer) {
+  Customer& f = FromCustomer;
+  accountNumber_ = f.AccountNumber();
+  altContact_ = f.AltContact();
+  altPhone_ = f.AltPhone();
+  balance_ = f.Balance();
+  f.BillTo()->CopyAddress(*BillTo());
+  companyName_ = f.CompanyName();
+  contact_ = f.Contact();
+  creditLimit_ = f.CreditLimit();
+  customerType_->SetFullName(f.CustomerType());
+  terms_->SetFullName(f.Terms());
+  salesRep_->SetFullName(f.SalesRep());
+  salesTaxCode_->SetFullName(f.SalesTaxCode());
+  salesTaxItem_->SetFullName(f.SalesTaxItem());
+  jobType_->SetFullName(f.JobType());
+  email_ = f.Email();
+  fax_ = f.Fax();
+  firstName_ = f.FirstName();
+  isActive_ = f.IsActive();
+  jobStatus_ = f.JobStatus();
+  jobStartDate_ = f.JobStartDate();
+  jobProjectedEndDate_ = f.JobProjectedEndDate();
+  jobEndDate_ = f.JobEndDate();
+  jobDescription_ = f.JobDescription();
+  lastName_ = f.LastName();
+  middleName_ = f.MiddleName();
+  name_ = f.Name();
+  notes_ = f.Notes();
+  openingBalance_ = f.OpeningBalance();
+  openingBalanceDate_ = f.OpeningBalanceDate();
+  SetParentInternal(f.Parent());
+  phone_ = f.Phone();
+  resaleNumber_ = f.ResaleNumber();
+  salutation_ = f.Salutation();
+  f.ShipTo()->CopyAddress(*ShipTo());
+  sublevel_ = f.Sublevel();
+  totalBalance_ = f.TotalBalance();
+  userData_ = f.UserData();
+  SetObjectState(f.ObjectState());
+  if (!f.PaymentMethod().empty() || paymentMethod_) PaymentMethodRef()->SetFullName(f.PaymentMethod());
+
+  auto jobs = Jobs();
+  for (long i = jobs->Count(); i >= 1; --i) jobs->Remove(Variant(static_cast<int64_t>(i)));
+  for (const auto& job : *f.Jobs()) jobs->Add(job->FullName(), job->List(), job->ListID());
+
+  auto from = f.CreditCard();
+  auto to = CreditCard();
+  to->SetCardNumber(from->CardNumber());
+  to->SetExpirationMonth(from->ExpirationMonth());
+  to->SetExpirationYear(from->ExpirationYear());
+  to->SetNameOnCard(from->NameOnCard());
+  to->SetAddress(from->Address());
+  to->SetPostalCode(from->PostalCode());
+}
+
+// ---- Sub-records -----------------------------------------------------------------------
+
+void Customer::AfterFromDom() {
+  // An address or card the response did not mention is Clean too, so a later modify does
+  // not send it back.
+  BillTo()->SetObjectState(qoObjectStateClean);
+  ShipTo()->SetObjectState(qoObjectStateClean);
+  CreditCard()->SetObjectState(qoObjectStateClean);
+  creditLimitTouched_ = false;
+}
+
+void Customer::ResetToNew() {
+  SetObjectState(qoObjectStateNew);
+  BillTo()->SetObjectState(qoObjectStateNew);
+  ShipTo()->SetObjectState(qoObjectStateNew);
+}
+
+bool Customer::ModifyWhileClean() {
+  // The ship-to address decides first: a New one holds back whatever the bill-to address is.
+  switch (ShipTo()->ObjectState()) {
+    case qoObjectStateNew: return false;
+    case qoObjectStateDirty: return true;
+    case qoObjectStateClean: break;
+    default: RaiseInternal("Customer", "Unknown Address Object State");
+  }
+  switch (BillTo()->ObjectState()) {
+    case qoObjectStateNew:
+    case qoObjectStateClean: return false;
+    case qoObjectStateDirty: return true;
+    default: RaiseInternal("Customer", "Unknown Address Object State");
+  }
+}
+
+}  // namespace tessaron
