@@ -50,7 +50,9 @@ TEST_P(CompanyEndToEnd, MastersOfTheCompanyResolveReferences) {
   EXPECT_EQ(terms, std::static_pointer_cast<qcList>(TessaronGlobals::Terms()));
   // The reference asks the master collection, which asks QuickBooks once.
   auto target = c->Jobs()->Count() > 0 ? c->Jobs()->Object(Variant(1)) : nullptr;
-  if (target) EXPECT_EQ(target->Parent(), c->FullName());
+  if (target) {
+    EXPECT_EQ(target->Parent(), c->FullName());
+  }
   EXPECT_TRUE(TessaronGlobals::Company()->ValidateAll());
 }
 
