@@ -103,10 +103,7 @@ bool Preferences::IsSensitiveDataAccessAllowed() const {
 }
 
 void Preferences::FromDom(const XmlNode& node) {
-  XmlNodeList groups = node.childNodes();
-  const long count = groups.length();
-  for (long i = 0; i < count; ++i) {
-    XmlNode group = groups.item(i);
+  for (const XmlNode& group : node.childNodes()) {
     const std::string_view name = group.baseName();
     bool known = false;
     for (std::string_view g : kGroups) known = known || g == name;
@@ -117,10 +114,7 @@ void Preferences::FromDom(const XmlNode& node) {
 }
 
 void Preferences::ReadGroup(const XmlNode& group) {
-  XmlNodeList fields = group.childNodes();
-  const long count = fields.length();
-  for (long i = 0; i < count; ++i) {
-    XmlNode field = fields.item(i);
+  for (const XmlNode& field : group.childNodes()) {
     const std::string_view tag = field.baseName();
     const Row* row = nullptr;
     for (const Row& r : Rows()) {

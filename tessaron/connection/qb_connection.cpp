@@ -256,10 +256,7 @@ void QBConnection::GetProductInfo() {
 }
 
 void QBConnection::ParseHostRet(const XmlNode& hostRet) {
-  XmlNodeList fields = hostRet.childNodes();
-  const long count = fields.length();
-  for (long i = 0; i < count; ++i) {
-    XmlNode field = fields.item(i);
+  for (const XmlNode& field : hostRet.childNodes()) {
     std::string text = field.text();
     std::string_view name = field.baseName();
     if (name == "ProductName") productName_ = std::move(text);

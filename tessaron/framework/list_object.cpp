@@ -139,10 +139,7 @@ void ListObject::SetIfChanged(std::string& field, const std::string& value, Curr
 // ---- Reading ---------------------------------------------------------------------------
 
 Variant ListObject::FromDom(const XmlNode& obj) {
-  XmlNodeList children = obj.childNodes();
-  const long count = children.length();
-  for (long i = 0; i < count; ++i) {
-    XmlNode child = children.item(i);
+  for (const XmlNode& child : obj.childNodes()) {
     std::string_view tag = child.baseName();
     const FieldDef* match = nullptr;
     for (const FieldDef& row : info_.fields) {

@@ -20,10 +20,7 @@ void qcListObjectRef::SetFullName(const std::string& value) {
 
 void qcListObjectRef::ReadFromNode(const XmlNode& node) {
   // Stored directly: reading a response does not drop the cached target.
-  XmlNodeList children = node.childNodes();
-  const long count = children.length();
-  for (long i = 0; i < count; ++i) {
-    XmlNode child = children.item(i);
+  for (const XmlNode& child : node.childNodes()) {
     std::string_view tag = child.baseName();
     if (tag == "ListID") listID_ = child.text();
     else if (tag == "FullName") fullName_ = child.text();

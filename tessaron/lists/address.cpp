@@ -73,10 +73,7 @@ const char* Address::StateTag() {
 }
 
 void Address::FromDom(const XmlNode& node) {
-  XmlNodeList children = node.childNodes();
-  const long count = children.length();
-  for (long i = 0; i < count; ++i) {
-    XmlNode child = children.item(i);
+  for (const XmlNode& child : node.childNodes()) {
     std::string_view tag = child.baseName();
     // Whatever the edition, a state arrives in one of three names.
     if (tag == "Province" || tag == "County") tag = "State";

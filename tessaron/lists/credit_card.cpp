@@ -20,10 +20,7 @@ bool CreditCard::IsEmpty() const {
 }
 
 void CreditCard::FromDom(const XmlNode& node) {
-  XmlNodeList children = node.childNodes();
-  const long count = children.length();
-  for (long i = 0; i < count; ++i) {
-    XmlNode child = children.item(i);
+  for (const XmlNode& child : node.childNodes()) {
     std::string_view tag = child.baseName();
     if (tag == "CreditCardNumber") cardNumber_ = child.text();
     else if (tag == "ExpirationMonth") expirationMonth_ = static_cast<int16_t>(Variant(child.text()).ToInteger());

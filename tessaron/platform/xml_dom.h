@@ -70,12 +70,32 @@ class XmlNode {
   pugi::xml_attribute attr_;
 };
 
-// Children of a node by position (0-based). Walking 0..length-1 in order costs O(1) a step.
+// Children of a node by position (0-based). Walking 0..length-1 in order costs O(1) a
+// step, and so does a range-for, which visits the same nodes in the same order:
+//   for (const XmlNode& child : node.childNodes()) ...
 class XmlNodeList {
  public:
   XmlNodeList() = default;
   long length() const;
   XmlNode item(long index) const;
+
+  class iterator {
+   public:
+    const XmlNode& operator*() const { return current_; }
+    const XmlNode* operator->() const { return &current_; }
+    iterator& operator++() {
+      current_.node_ = current_.node_.next_sibling();
+      return *this;
+    }
+    bool operator==(const iterator& o) const { return current_.node_ == o.current_.node_; }
+
+   private:
+    friend class XmlNodeList;
+    explicit iterator(XmlNode n) : current_(std::move(n)) {}
+    XmlNode current_;
+  };
+  iterator begin() const { return iterator(XmlNode(doc_, parent_.first_child())); }
+  iterator end() const { return iterator(XmlNode(doc_, pugi::xml_node())); }
 
  private:
   friend class XmlNode;

@@ -28,6 +28,9 @@ TEST(XmlDom, ResponsesWalkByPositionAsTheLibraryExpects) {
   EXPECT_EQ(rs.childNodes().length(), 1);  // white space between elements is no node
   EXPECT_EQ(ret.childNodes().item(1).text(), "8-1 Acme  Inc");  // descendants joined by one blank
   EXPECT_EQ(ret.childNodes().item(2).text(), "Job 1");
+  std::string walked;
+  for (const XmlNode& child : ret.childNodes()) walked += std::string(child.baseName()) + ";";
+  EXPECT_EQ(walked, "ListID;ParentRef;Name;");  // a range-for visits what item(0..length-1) gives
 }
 
 TEST(XmlDom, MissingItemIsNullAndUsingItRaises91) {
