@@ -85,6 +85,12 @@ const Tolerance kTolerances[] = {
          for (Node add : Elements(rq, "OtherNameAdd"))
            for (const char* tag : {"Suffix", "Mobile", "Pager"}) add.remove_child(tag);
      }},
+    {"Showing the add form of a bill payment names the type BillPaymentCheck, which only the modify form takes.",
+     [](Node rqs) {
+       for (Node rq : Elements(rqs, "TxnDisplayAddRq"))
+         for (Node type : Elements(rq, "TxnDisplayAddType"))
+           if (std::string_view(type.text().get()) == "BillPaymentCheck") type.text().set("Check");
+     }},
     {"A vendor add writes Notes before AccountNumber.",
      [](Node rqs) {
        for (Node rq : Elements(rqs, "VendorAddRq"))

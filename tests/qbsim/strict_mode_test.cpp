@@ -172,6 +172,10 @@ INSTANTIATE_TEST_SUITE_P(
         ToleratedCase{"EntityOwnerId", "<EntityQueryRq><FullName>Owner</FullName><OwnerID>0</OwnerID></EntityQueryRq>", 0},
         ToleratedCase{"ToDoByFullName", "<ToDoQueryRq requestID=\"1\"><FullName>x</FullName></ToDoQueryRq>",
                       status::kNotFoundByKey},
+        ToleratedCase{"BillPaymentAddForm",
+                      "<TxnDisplayAddRq requestID=\"1\"><TxnDisplayAddType>BillPaymentCheck</TxnDisplayAddType>"
+                      "</TxnDisplayAddRq>",
+                      0},
         ToleratedCase{"DeleteTypeWithABlank",
                       "<ListDelRq requestID=\"1\"><ListDelType>Ship Method</ListDelType><ListID>1</ListID></ListDelRq>",
                       status::kObjectNotFound}),
