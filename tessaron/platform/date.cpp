@@ -137,6 +137,15 @@ bool TryParseDate(std::string_view s, Date& out) {
       if (s[10] != 'T' && s[10] != ' ') return false;
       timePart = s.substr(11);
     }
+  } else if (size_t a = s.find('-'); a == 4 && s.find('-', a + 1) != std::string_view::npos) {
+    // "yyyy-m-d" with one-digit parts, and an optional time after a blank or a "T".
+    size_t b = s.find('-', a + 1);
+    size_t end = s.find_first_of(" T", b);
+    std::string_view ds = s.substr(b + 1, end == std::string_view::npos ? std::string_view::npos : end - b - 1);
+    if (!ReadInt(s, 0, 4, y) || b - a - 1 > 2 || ds.size() > 2 || !ReadInt(s, a + 1, b - a - 1, m) ||
+        !ReadInt(ds, 0, ds.size(), d))
+      return false;
+    if (end != std::string_view::npos) timePart = s.substr(end + 1);
   } else if (s.find('/') != std::string_view::npos) {
     size_t a = s.find('/'), b = s.find('/', a + 1);
     if (b == std::string_view::npos) return false;

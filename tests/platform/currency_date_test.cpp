@@ -83,9 +83,11 @@ TEST(Date, FormatsWithThePatternsOfTheLibrary) {
 TEST(Date, ParsesGeneralDateText) {
   EXPECT_EQ(ParseDate("2004-02-29"), DateSerial(2004, 2, 29));
   EXPECT_EQ(ParseDate("2004-02-29T13:05:09-05:00"), DateSerial(2004, 2, 29) + TimeSerial(13, 5, 9));
+  EXPECT_EQ(ParseDate("2004-2-9"), DateSerial(2004, 2, 9));
+  EXPECT_EQ(ParseDate("2004-2-9 08:30"), DateSerial(2004, 2, 9) + TimeSerial(8, 30, 0));
   EXPECT_EQ(ParseDate("3/1/2005"), DateSerial(2005, 3, 1));  // month first
   EXPECT_EQ(ParseDate("3/1/2005 1:30 PM"), DateSerial(2005, 3, 1) + TimeSerial(13, 30, 0));
-  for (const char* bad : {"abc", "2004-02-30", "13/1/2005", ""}) {
+  for (const char* bad : {"abc", "2004-02-30", "13/1/2005", "", "2004-123-1", "2004-1-"}) {
     Date out;
     EXPECT_FALSE(TryParseDate(bad, out)) << bad;
   }
