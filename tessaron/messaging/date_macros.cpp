@@ -1,5 +1,6 @@
 #include "tessaron/messaging/date_macros.h"
 
+#include "tessaron/company/company.h"
 #include "tessaron/connection/library_state.h"
 #include "tessaron/platform/error.h"
 
@@ -29,11 +30,10 @@ std::string ToDateStart(const std::string& name, bool& known) {
 }  // namespace
 
 int CompanyFirstMonthFiscalYear() {
-  // The company record (and with it FirstMonthFiscalYear) is not part of the library yet:
-  // there is never a current company, and the fiscal macros fail on it as they do on a
-  // connection without a company.
-  if (!State().CurrentCompany) RaisePlatform(platform_error::kObjectNotSet);
-  return 1;  // replaced by State().CurrentCompany->FirstMonthFiscalYear() with the company
+  const std::shared_ptr<Company>& company = State().CurrentCompany;
+  if (!company) RaisePlatform(platform_error::kObjectNotSet);
+  // The record keeps the month as its code in the "Month" table, as decimal text.
+  return std::stoi(company->FirstMonthFiscalYear());
 }
 
 Date FiscalYearStart(int firstMonth, int yearsBack) {

@@ -1,9 +1,13 @@
 // The first days of date-macro periods, with the clock pinned.
 #include <gtest/gtest.h>
 
+#include "tessaron/company/company.h"
 #include "tessaron/connection/library_state.h"
 #include "tessaron/messaging/date_macros.h"
 #include "tessaron/platform/error.h"
+#include "tessaron/platform/xml_dom.h"
+#include "tests/support/qbxml_check.h"
+#include "tests/support/scripted_processor.h"
 
 namespace tessaron {
 namespace {
@@ -60,6 +64,26 @@ TEST_F(PinnedClock, FiscalMacrosWithoutACompanyRaise91) {
       EXPECT_EQ(e.Number(), platform_error::kObjectNotSet) << name;
     }
   }
+}
+
+TEST_F(PinnedClock, FiscalMacrosFollowTheFirstFiscalMonthOfTheCompany) {
+  ResetLibraryStateForTesting();
+  // "July" has the code 8 in the month table, as every month has: the fiscal year starts in
+  // August.
+  const std::string response = testing::ScriptedProcessor::Response(
+      "CompanyQueryRs", "<CompanyRet><CompanyName>Fiscal</CompanyName>"
+                        "<FirstMonthFiscalYear>July</FirstMonthFiscalYear></CompanyRet>");
+  ASSERT_TRUE(testing::IsValidQbxml(response));
+  XmlDocument doc = XmlDocument::Create();
+  ASSERT_TRUE(doc.loadXML(response));
+  auto company = std::make_shared<Company>();
+  company->FromDom(doc.childNodes().item(1).childNodes().item(0).childNodes().item(0));
+  SetCurrentCompany(company);
+  Pin(2024, 5, 15);
+  EXPECT_EQ(DateMacroStart("ThisFiscalYear"), "2023-08-01");
+  EXPECT_EQ(DateMacroStart("ThisFiscalQuarter"), "2024-05-01");
+  EXPECT_EQ(DateMacroStart("LastFiscalYear"), "2023-8-01");
+  ResetLibraryStateForTesting();
 }
 
 TEST_F(PinnedClock, FiscalYearStartsInTheCurrentYearUnlessItsMonthIsStillAhead) {
