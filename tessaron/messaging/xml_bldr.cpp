@@ -76,7 +76,7 @@ void EscapeInto(std::string& out, std::string_view value) {
     size_t width = 1;
     if (c < 0x80) {
       entity = kEscapes.entity[c];
-    } else if (p + 1 != end) {
+    } else if (p + 1 != end && (static_cast<unsigned char>(p[1]) & 0xC0u) == 0x80u) {
       entity = kEscapes.entity[((c & 0x1Fu) << 6) | (static_cast<unsigned char>(p[1]) & 0x3Fu)];
       width = 2;
     }

@@ -122,7 +122,9 @@ INSTANTIATE_TEST_SUITE_P(
         // goes out as entity 266, and e-acute (listed twice) is escaped once.
         EscapeCase{"ö", "ö"}, EscapeCase{"â", "&#266;"}, EscapeCase{"é", "&#233;"},
         // Characters outside the table go out as they are.
-        EscapeCase{"ãõ€中", "ãõ€中"}, EscapeCase{"Müller & Söhne", "M&#252;ller &amp; Söhne"}));
+        EscapeCase{"ãõ€中", "ãõ€中"}, EscapeCase{"Müller & Söhne", "M&#252;ller &amp; Söhne"},
+        // A lead byte without its continuation is no character of the table: nothing is lost.
+        EscapeCase{"a\xC3" ")b", "a\xC3" ")b"}, EscapeCase{"a\xC3" "<", "a\xC3" "&lt;"}));
 
 TEST_F(XmlBldrText, OnlyValuesAreEscaped) {
   b.OpenAggregate("A", "note", "x<y");
