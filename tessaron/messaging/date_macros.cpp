@@ -39,7 +39,9 @@ int CompanyFirstMonthFiscalYear() {
 Date FiscalYearStart(int firstMonth, int yearsBack) {
   const DateParts now = SplitDate(Today());
   const int year = firstMonth > now.month ? now.year - 1 : now.year;
-  return DateSerial(year - yearsBack, firstMonth, 1);
+  // Month first, converted as text: a month outside 1..12 (a company record without its
+  // first fiscal month gives 0) is a type mismatch, not a roll into another year.
+  return ParseDate(std::to_string(firstMonth) + "/01/" + std::to_string(year - yearsBack));
 }
 
 std::string FiscalQuarterStart(Date fiscalYearStart, bool previous) {

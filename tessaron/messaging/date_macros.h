@@ -23,7 +23,8 @@ std::string DateMacroStart(const std::string& name);
 std::string ToDateMacroStart(const std::string& name);
 
 // The start of the fiscal year that holds today (yearsBack 0) or of an earlier one, for a
-// fiscal year that begins on the first of `firstMonth`.
+// fiscal year that begins on the first of `firstMonth`; a month outside 1..12 raises type
+// mismatch (13).
 Date FiscalYearStart(int firstMonth, int yearsBack = 0);
 // The start of the fiscal quarter that holds today ("yyyy-mm-dd"), or with `previous` of the
 // quarter before it; quarters start at `fiscalYearStart` and every three months after it.

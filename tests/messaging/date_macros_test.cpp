@@ -92,6 +92,13 @@ TEST_F(PinnedClock, FiscalYearStartsInTheCurrentYearUnlessItsMonthIsStillAhead) 
   EXPECT_EQ(FiscalYearStart(5), DateSerial(2024, 5, 1));
   EXPECT_EQ(FiscalYearStart(7), DateSerial(2023, 7, 1));
   EXPECT_EQ(FiscalYearStart(7, 1), DateSerial(2022, 7, 1));
+  // A company record without its first fiscal month gives month 0, which is no date.
+  try {
+    FiscalYearStart(0);
+    ADD_FAILURE() << "month 0 gave a date";
+  } catch (const Error& e) {
+    EXPECT_EQ(e.Number(), platform_error::kTypeMismatch);
+  }
 }
 
 struct QuarterCase {
