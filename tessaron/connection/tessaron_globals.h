@@ -40,7 +40,7 @@ class TessaronGlobals {
   // Raises 0x800403E8 "QBConnect has not been called, or it failed", source "Tessaron",
   // when no session is open.
   static void EnsureConnected();
-  // The company of the session; error 91 when its company query failed.
+  // The company of the session; the null handle when its company query failed.
   static std::shared_ptr<tessaron::Company> Company();
 
   // The master collections of the company (each after EnsureConnected).
