@@ -120,7 +120,7 @@ int32_t ListCollectionBase::ListGetActive(int32_t MaxReturned, const std::string
 int32_t ListCollectionBase::StatusQuery(const std::string& request, int32_t status, int32_t MaxReturned,
                                         const std::string& sMDBPath) {
   if (info_.handBuiltStatusQuery) {
-    Clear();
+    // Like every hand-built query, it replaces the content only when records arrive.
     return RunQuery(request, MaxReturned, sMDBPath, [&](xmlBldr& b) {
       if (status != 0) b.CreateElement("ActiveStatus", EnumCodeToDescription(status, qoeActiveStatus));
     });
