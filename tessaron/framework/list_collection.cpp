@@ -1,5 +1,6 @@
 #include "tessaron/framework/list_collection.h"
 
+#include <algorithm>
 #include <string_view>
 
 #include "tessaron/connection/library_state.h"
@@ -119,7 +120,7 @@ int32_t ListCollectionBase::ListGetActive(int32_t MaxReturned, const std::string
 int32_t ListCollectionBase::StatusQuery(const std::string& request, int32_t status, int32_t MaxReturned,
                                         const std::string& sMDBPath) {
   if (info_.handBuiltStatusQuery) {
-    Clear();
+    // Like every hand-built query, it replaces the content only when records arrive.
     return RunQuery(request, MaxReturned, sMDBPath, [&](xmlBldr& b) {
       if (status != 0) b.CreateElement("ActiveStatus", EnumCodeToDescription(status, qoeActiveStatus));
     });
@@ -285,13 +286,27 @@ int32_t ListCollectionBase::DeleteRecord(const std::string& ListID, bool bRemove
 
 // ---- Commit ------------------------------------------------------------------------------
 
+bool ListCollectionBase::ValidateMember(ListObject& obj) {
+  const std::vector<std::shared_ptr<qcError>> gathered = Errors()->NewEnum();
+  const bool ok = obj.Validate();
+  auto errors = Errors();
+  const std::vector<std::shared_ptr<qcError>> now = errors->NewEnum();
+  if (now.size() >= gathered.size() && std::equal(gathered.begin(), gathered.end(), now.begin())) return ok;
+  // A lookup cleared them: the pass's entries come back first, the lookup's own (a failed
+  // query) after them.
+  errors->Clear();
+  for (const auto& e : gathered) errors->AddObject(e);
+  for (const auto& e : now) errors->AddObject(e);
+  return ok;
+}
+
 bool ListCollectionBase::Validate() {
   auto errors = Errors();
   errors->Clear();
   bool all = true;
   for (long i = 1; i <= mCol_.Count(); ++i) {
     std::shared_ptr<ListObject> obj = mCol_.Item(i);
-    if (!obj->Validate()) {
+    if (!ValidateMember(*obj)) {
       all = false;
       errors->Add(err::kValidateFailed, obj->CollectionKey(), err::kValidateFailedText);
     }
@@ -312,13 +327,13 @@ int32_t ListCollectionBase::Commit(const std::shared_ptr<ListObject>& Member) {
     // Count is read on every step: a parent check may append the parent, which is Clean.
     for (long i = 1; i <= mCol_.Count(); ++i) {
       std::shared_ptr<ListObject> obj = mCol_.Item(i);
-      if (obj->Validate()) {
+      if (ValidateMember(*obj)) {
         RequestStep(commitBldr, *obj, static_cast<int16_t>(i), added);
       } else {
         errors->Add(err::kValidateFailed, obj->CollectionKey(), err::kValidateFailedText);
       }
     }
-  } else if (!Member->Validate()) {
+  } else if (!ValidateMember(*Member)) {
     errors->Add(err::kValidateFailed, "0", err::kValidateFailedText);
   } else {
     long position = 0;

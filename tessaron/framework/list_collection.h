@@ -161,6 +161,9 @@ class ListCollectionBase : public qcList {
   std::shared_ptr<ListObject> QueryOne(const std::string& request, const std::string& identifier,
                                        const std::string& value, const std::string& sMDBPath);
   void Parse(const XmlNode& queryRs);
+  // The object's Validate, keeping what this pass gathered in Errors: a parent check may
+  // look the parent up through this very collection, and a lookup clears Errors first.
+  bool ValidateMember(ListObject& obj);
   void RequestStep(xmlBldr& b, ListObject& obj, int16_t requestId, int& added);
   int32_t ResponseStep(const XmlNode& node, const std::shared_ptr<ListObject>& obj);
 

@@ -119,8 +119,9 @@ int32_t Customers::Query(int32_t MaxReturned, int32_t BalanceFilter, Currency Ba
   });
 }
 
+// The status queries are built by hand like the others: the records replace the content
+// only when they arrive, so a refused query leaves the collection as it was.
 int32_t Customers::GetAll(int32_t MaxReturned, int32_t BalanceFilter, Currency Balance, const std::string& sMDBPath) {
-  Clear();
   return Query(MaxReturned, BalanceFilter, Balance, sMDBPath, [](xmlBldr& b) {
     b.CreateElement("ActiveStatus", EnumCodeToDescription(qbStatusAny, qoeActiveStatus));
   });
@@ -128,7 +129,6 @@ int32_t Customers::GetAll(int32_t MaxReturned, int32_t BalanceFilter, Currency B
 
 int32_t Customers::GetActive(int32_t MaxReturned, int32_t BalanceFilter, Currency Balance,
                              const std::string& sMDBPath) {
-  Clear();
   return Query(MaxReturned, BalanceFilter, Balance, sMDBPath, [](xmlBldr& b) {
     b.CreateElement("ActiveStatus", EnumCodeToDescription(qbStatusActive, qoeActiveStatus));
   });

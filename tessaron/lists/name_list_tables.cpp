@@ -35,8 +35,9 @@ ListCollectionInfo CollectionInfo(const char* className, qoEnumListType listType
   return info;
 }
 
-ListCollectionInfo ReadOnlyInfo(const char* className, const char* queryRequest, qoEnumListObjectType objectType) {
-  ListCollectionInfo info = CollectionInfo(className, static_cast<qoEnumListType>(0), queryRequest, objectType, className);
+ListCollectionInfo ReadOnlyInfo(const char* className, qoEnumListType listType, const char* queryRequest,
+                                qoEnumListObjectType objectType) {
+  ListCollectionInfo info = CollectionInfo(className, listType, queryRequest, objectType, className);
   info.readOnly = true;
   return info;
 }

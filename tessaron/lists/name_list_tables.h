@@ -23,7 +23,9 @@ ListCollectionInfo CollectionInfo(const char* className, qoEnumListType listType
                                   qoEnumListObjectType objectType, const char* mirrorObjectName);
 
 // The collection of a list QuickBooks only reads out: no status in GetAll, no commit.
-ListCollectionInfo ReadOnlyInfo(const char* className, const char* queryRequest, qoEnumListObjectType objectType);
+// `listType` is 0 for a list that has no list type (TaxCodes).
+ListCollectionInfo ReadOnlyInfo(const char* className, qoEnumListType listType, const char* queryRequest,
+                                qoEnumListObjectType objectType);
 
 }  // namespace tessaron::name_lists
 

@@ -58,6 +58,7 @@ std::shared_ptr<SalesTaxCode> SalesTaxCodes::Add(const std::string& Name, const 
 }
 
 TaxCodes::TaxCodes()
-    : ReadOnlyListCollection<TaxCode>(name_lists::ReadOnlyInfo("TaxCode", "TaxCodeQueryRq", qoObjectTypeTaxCode)) {}
+    : ReadOnlyListCollection<TaxCode>(name_lists::ReadOnlyInfo("TaxCode", static_cast<qoEnumListType>(0),
+                                                                        "TaxCodeQueryRq", qoObjectTypeTaxCode)) {}
 
 }  // namespace tessaron

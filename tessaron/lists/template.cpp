@@ -42,6 +42,7 @@ std::string Template::TimeCreated() const { return DateTimeToText(timeCreated_);
 std::string Template::TimeModified() const { return DateTimeToText(timeModified_); }
 
 Templates::Templates()
-    : ReadOnlyListCollection<Template>(name_lists::ReadOnlyInfo("Template", "TemplateQueryRq", qoObjectTypeTemplate)) {}
+    : ReadOnlyListCollection<Template>(name_lists::ReadOnlyInfo("Template", qoListTemplates, "TemplateQueryRq",
+                                                                          qoObjectTypeTemplate)) {}
 
 }  // namespace tessaron

@@ -115,6 +115,32 @@ TEST_F(CommitTest, ErrorModeOffReturnsTheCountWithoutRaising) {
   EXPECT_TRUE(qb.processor().Requests().empty());
 }
 
+TEST_F(CommitTest, ParentLookupDuringCommitKeepsTheFailuresGatheredBeforeIt) {
+  classes->Add("");
+  auto child = classes->Add("East", true, "Sales");
+  qb.Answer(ScriptedProcessor::Response("ClassQueryRs", ClassRet("1-1", "Sales")));
+  qb.Answer(Batch({ResponseElement("ClassAddRs", 2, 0, ClassRet("20-1", "East"))}));
+  State().ErrorMode = false;
+
+  EXPECT_EQ(classes->Commit(), 1);
+
+  ASSERT_EQ(classes->Errors()->Count(), 1);
+  EXPECT_EQ(classes->Errors()->Item(1)->Number(), N(err::kValidateFailed));
+  EXPECT_EQ(child->ObjectState(), qoObjectStateClean);
+  EXPECT_TRUE(qb.processor().AllRequestsValid());
+}
+
+TEST_F(CommitTest, ParentLookupDuringValidateKeepsTheFailuresGatheredBeforeIt) {
+  classes->Add("");
+  classes->Add("East", true, "Sales");
+  qb.Answer(ScriptedProcessor::Response("ClassQueryRs", ClassRet("1-1", "Sales")));
+
+  EXPECT_FALSE(classes->Validate());
+
+  ASSERT_EQ(classes->Errors()->Count(), 1);
+  EXPECT_EQ(classes->Errors()->Item(1)->Number(), N(err::kValidateFailed));
+}
+
 TEST_F(CommitTest, CommitOfOnlyCleanObjectsSendsNothing) {
   qb.Answer(ScriptedProcessor::Response("ClassQueryRs", ClassRet("1-1", "A") + ClassRet("2-1", "B")));
   classes->GetAll();

@@ -350,6 +350,15 @@ TEST_F(CustomersTest, QuickBooksErrorOfAQueryIsCollectedNotRaised) {
   EXPECT_EQ(customers->Errors()->Item(1)->Number(), 3120);
 }
 
+TEST_F(CustomersTest, FailedStatusQueryKeepsWhatTheCollectionHeld) {
+  LoadOne();
+  auto added = customers->Add("Uncommitted");
+  qb.Answer(ScriptedProcessor::Response("CustomerQueryRs", "", 3120, "Object not found"));
+  EXPECT_EQ(customers->GetActive(), 2);
+  EXPECT_EQ(customers->Item(Variant("Uncommitted")), added);
+  EXPECT_EQ(customers->Errors()->Count(), 1);
+}
+
 // ---- Beside the master -------------------------------------------------------------------
 
 TEST_F(CustomersTest, AddExistingWorksOnlyBesideTheMaster) {

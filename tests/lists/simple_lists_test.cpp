@@ -155,5 +155,10 @@ TEST_F(SimpleListsTest, TemplatesAreReadWithTheirKindAndSendNoStatus) {
   EXPECT_TRUE(qb.processor().AllRequestsValid());
 }
 
+TEST_F(SimpleListsTest, TemplatesHaveTheirListTypeAndTaxCodesNone) {
+  EXPECT_EQ(Templates().ListType(), qoListTemplates);
+  EXPECT_EQ(TaxCodes().ListType(), 0);
+}
+
 }  // namespace
 }  // namespace tessaron
