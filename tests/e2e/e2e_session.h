@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <memory>
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -71,6 +72,15 @@ class EditionTest : public ::testing::TestWithParam<qbsim::Edition> {
 inline std::string EditionName(const ::testing::TestParamInfo<qbsim::Edition>& info) {
   return qbsim::EditionName(info.param);
 }
+
+}  // namespace tessaron::testing
+
+namespace tessaron::qbsim {
+// Test names and failure messages show the edition by name.
+inline void PrintTo(Edition e, std::ostream* os) { *os << EditionName(e); }
+}  // namespace tessaron::qbsim
+
+namespace tessaron::testing {
 
 #define TESSARON_ALL_EDITIONS(Suite)                                                                            \
   INSTANTIATE_TEST_SUITE_P(Editions, Suite,                                                                     \
