@@ -16,7 +16,7 @@
 #include "tessaron/lists/class.h"
 #include "tessaron/lists/customers.h"
 #include "tessaron/messaging/xml_bldr.h"
-#include "tests/foundation/raised.h"
+#include "tests/support/raised.h"
 #include "tests/lists/customer_records.h"
 #include "tests/support/qbxml_check.h"
 #include "tests/support/scripted_processor.h"

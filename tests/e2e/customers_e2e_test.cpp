@@ -11,7 +11,7 @@
 #include "tessaron/foundation/qc_error.h"
 #include "tessaron/lists/customers.h"
 #include "tests/e2e/e2e_session.h"
-#include "tests/foundation/raised.h"
+#include "tests/support/raised.h"
 
 namespace tessaron {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <vector>
 
-#include "raised.h"
+#include "tests/support/raised.h"
 #include "tessaron/foundation/enum_codes.h"
 #include "tessaron/foundation/enum_types.h"
 #include "tessaron/foundation/enumerations.h"

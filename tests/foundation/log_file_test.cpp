@@ -4,7 +4,7 @@
 #include <fstream>
 #include <sstream>
 
-#include "raised.h"
+#include "tests/support/raised.h"
 #include "tessaron/foundation/log_file.h"
 #include "tessaron/platform/date.h"
 #include "tessaron/platform/host_services.h"

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "raised.h"
+#include "tests/support/raised.h"
 #include "tessaron/foundation/error_numbers.h"
 #include "tessaron/foundation/qc_error.h"
 

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "raised.h"
+#include "tests/support/raised.h"
 #include "tessaron/connection/library_state.h"
 #include "tessaron/foundation/enum_types.h"
 #include "tessaron/foundation/values.h"

@@ -11,7 +11,7 @@
 #include "tessaron/foundation/values.h"
 #include "tessaron/lists/customer.h"
 #include "tessaron/messaging/xml_bldr.h"
-#include "tests/foundation/raised.h"
+#include "tests/support/raised.h"
 #include "tests/lists/customer_records.h"
 
 namespace tessaron {

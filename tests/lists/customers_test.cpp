@@ -10,7 +10,7 @@
 #include "tessaron/foundation/error_numbers.h"
 #include "tessaron/foundation/qc_error.h"
 #include "tessaron/lists/customers.h"
-#include "tests/foundation/raised.h"
+#include "tests/support/raised.h"
 #include "tests/lists/customer_records.h"
 
 namespace tessaron {

@@ -2,18 +2,10 @@
 
 #include "tessaron/platform/collection.h"
 #include "tessaron/platform/text.h"
+#include "tests/support/raised.h"
 
 namespace tessaron {
 namespace {
-
-int ErrorOf(const std::function<void()>& f) {
-  try {
-    f();
-  } catch (const Error& e) {
-    return e.Number();
-  }
-  return 0;
-}
 
 TEST(Collection, KeysAreCaseInsensitiveAndPositionsOneBased) {
   Collection<int> c;
@@ -31,10 +23,10 @@ TEST(Collection, KeysAreCaseInsensitiveAndPositionsOneBased) {
 TEST(Collection, RaisesThePlatformErrors) {
   Collection<int> c;
   c.Add(1, "a");
-  EXPECT_EQ(ErrorOf([&] { c.Item("b"); }), platform_error::kInvalidArgument);
-  EXPECT_EQ(ErrorOf([&] { c.Item(0L); }), platform_error::kSubscriptOutOfRange);
-  EXPECT_EQ(ErrorOf([&] { c.Item(2L); }), platform_error::kSubscriptOutOfRange);
-  EXPECT_EQ(ErrorOf([&] { c.Add(2, "A"); }), platform_error::kDuplicateKey);
+  EXPECT_EQ(testing::NumberRaised([&] { c.Item("b"); }), platform_error::kInvalidArgument);
+  EXPECT_EQ(testing::NumberRaised([&] { c.Item(0L); }), platform_error::kSubscriptOutOfRange);
+  EXPECT_EQ(testing::NumberRaised([&] { c.Item(2L); }), platform_error::kSubscriptOutOfRange);
+  EXPECT_EQ(testing::NumberRaised([&] { c.Add(2, "A"); }), platform_error::kDuplicateKey);
   EXPECT_EQ(c.Count(), 1);  // the refused add changed nothing
 }
 

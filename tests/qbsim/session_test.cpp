@@ -3,6 +3,7 @@
 
 #include "tessaron/platform/error.h"
 #include "tests/qbsim/qbsim_fixture.h"
+#include "tests/support/raised.h"
 
 namespace tessaron::qbsim::testing {
 namespace {
@@ -11,42 +12,33 @@ const std::string kHost = "<HostQueryRq requestID=\"1\"/>";
 
 class SessionTest : public QbsimTest {};
 
-int32_t RaisedNumber(const std::function<void()>& call) {
-  try {
-    call();
-  } catch (const Error& e) {
-    return e.Number();
-  }
-  return 0;
-}
-
 TEST_F(SessionTest, BeginSessionBeforeOpenConnectionRaises) {
   CreateSampleCompany(path_);
   auto p = CreateProcessor();
-  EXPECT_EQ(RaisedNumber([&] { p->BeginSession(path_, 0); }), static_cast<int32_t>(processor_error::kNotConnected));
+  EXPECT_EQ(tessaron::testing::NumberRaised([&] { p->BeginSession(path_, 0); }), processor_error::kNotConnected);
 }
 
 TEST_F(SessionTest, RefusedApplicationCannotOpenTheLink) {
   ProcessorOptions o;
   o.refusedApplications = {"Nosy App"};
   auto p = CreateProcessor(o);
-  EXPECT_EQ(RaisedNumber([&] { p->OpenConnection("", "Nosy App"); }), static_cast<int32_t>(processor_error::kAppRefused));
-  EXPECT_EQ(RaisedNumber([&] { p->OpenConnection("", "Polite App"); }), 0);
+  EXPECT_EQ(tessaron::testing::NumberRaised([&] { p->OpenConnection("", "Nosy App"); }), processor_error::kAppRefused);
+  EXPECT_EQ(tessaron::testing::NumberRaised([&] { p->OpenConnection("", "Polite App"); }), 0u);
 }
 
 TEST_F(SessionTest, EndedTicketIsRefusedAndEndingItAgainIsHarmless) {
   Open();
   processor_->EndSession(ticket_);
   EXPECT_NO_THROW(processor_->EndSession(ticket_));
-  EXPECT_EQ(RaisedNumber([&] { processor_->ProcessRequest(ticket_, Message(kHost)); }),
-            static_cast<int32_t>(processor_error::kBadTicket));
+  EXPECT_EQ(tessaron::testing::NumberRaised([&] { processor_->ProcessRequest(ticket_, Message(kHost)); }),
+            processor_error::kBadTicket);
 }
 
 TEST_F(SessionTest, CloseConnectionEndsTheSessionsOfTheProcessor) {
   Open();
   processor_->CloseConnection();
-  EXPECT_EQ(RaisedNumber([&] { processor_->ProcessRequest(ticket_, Message(kHost)); }),
-            static_cast<int32_t>(processor_error::kBadTicket));
+  EXPECT_EQ(tessaron::testing::NumberRaised([&] { processor_->ProcessRequest(ticket_, Message(kHost)); }),
+            processor_error::kBadTicket);
 }
 
 TEST_F(SessionTest, EmptyFileNameOpensTheConfiguredCurrentFile) {
@@ -62,7 +54,7 @@ TEST_F(SessionTest, EmptyFileNameOpensTheConfiguredCurrentFile) {
 TEST_F(SessionTest, EmptyFileNameOpensTheFileOfAnOpenSessionOrRaisesWhenNoneIsOpen) {
   auto lonely = CreateProcessor();
   lonely->OpenConnection("", "test");
-  EXPECT_EQ(RaisedNumber([&] { lonely->BeginSession("", 0); }), static_cast<int32_t>(processor_error::kNoFileOpen));
+  EXPECT_EQ(tessaron::testing::NumberRaised([&] { lonely->BeginSession("", 0); }), processor_error::kNoFileOpen);
   Open();
   std::string ticket = lonely->BeginSession("", 0);
   EXPECT_EQ(lonely->GetCurrentCompanyFileName(ticket), processor_->GetCurrentCompanyFileName(ticket_));
@@ -78,7 +70,7 @@ TEST_F(SessionTest, FileThatCannotBeACompanyFileRaisesAClearError) {
       p->BeginSession(path, 0);
       ADD_FAILURE() << path;
     } catch (const Error& e) {
-      EXPECT_EQ(e.Number(), static_cast<int32_t>(processor_error::kCannotOpenFile)) << path;
+      EXPECT_EQ(e.Number(), processor_error::kCannotOpenFile) << path;
       EXPECT_NE(e.Description().find(path), std::string::npos) << e.Description();
     }
   }
