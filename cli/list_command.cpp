@@ -16,6 +16,7 @@
 #include "tessaron/lists/customers.h"
 #include "tessaron/lists/list_catalog.h"
 #include "tessaron/platform/text.h"
+#include "tessaron/framework/detail/list_object_access.h"
 
 namespace tessaron::cli {
 
@@ -232,7 +233,7 @@ void AddListCommand(CLI::App& app, const GlobalOptions& global) {
     auto lists = std::make_shared<Lists>();
     SetCurrentLists(lists);
     if (list->ListType() != 0) {
-      list->SetMaster(true);
+      detail::ListObjectAccess::SetMaster(*list, true);
       lists->AddObject(list, ListTypeKey(list->ListType()));
     }
     if (!args->nameMatch.empty()) {

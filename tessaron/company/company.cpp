@@ -9,6 +9,7 @@
 #include "tessaron/foundation/values.h"
 #include "tessaron/messaging/xml_bldr.h"
 #include "tessaron/platform/error.h"
+#include "tessaron/framework/detail/list_object_access.h"
 
 namespace tessaron {
 
@@ -23,7 +24,7 @@ namespace {
 template <class C>
 std::shared_ptr<C> Master(Lists& lists, const char* key) {
   auto list = std::make_shared<C>();
-  list->SetMaster(true);
+  detail::ListObjectAccess::SetMaster(*list, true);
   if (key) lists.AddObject(list, key);
   return list;
 }
@@ -87,9 +88,9 @@ void Company::FromDom(const XmlNode& node) {
       else if (tag == "FirstMonthIncomeTaxYear") firstMonthIncomeTaxYear_ = EnumXMLToCode(field.text(), qoeMonth);
       else if (tag == "LegalCompanyName") legalName_ = field.text();
       else if (tag == "Phone") phone_ = field.text();
-      else if (tag == "Address") address_->FromDom(field);
-      else if (tag == "LegalAddress") legalAddress_->FromDom(field);
-      else if (tag == "CompanyAddressForCustomer") addressForCustomers_->FromDom(field);
+      else if (tag == "Address") detail::ListObjectAccess::FromDom(*address_, field);
+      else if (tag == "LegalAddress") detail::ListObjectAccess::FromDom(*legalAddress_, field);
+      else if (tag == "CompanyAddressForCustomer") detail::ListObjectAccess::FromDom(*addressForCustomers_, field);
       else if (tag == "TaxForm") taxForm_ = field.text();
       else if (tag == "EIN") ein_ = field.text();
       else if (tag == "IsSampleCompany") isSampleCompany_ = BooleanFromText(field.text());
@@ -145,7 +146,7 @@ int32_t Company::XMLVendorQueryRs(xmlBldr& cxmlbldr, int16_t iRequestId) {
   b.CreateElement("Name", name_);
   b.CreateElement("CompanyName", name_);
   b.OpenAggregateOnly("VendorAddress");
-  address_->Write(b);
+  detail::ListObjectAccess::Write(*address_, b);
   b.EndAggregate("VendorAddress");
   b.CreateElement("Phone", phone_);
   b.CreateElement("Fax", fax_);

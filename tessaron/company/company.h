@@ -36,6 +36,10 @@
 
 namespace tessaron {
 
+namespace detail {
+class ListObjectAccess;
+}
+
 class qcErrors;
 class xmlBldr;
 // Not part of the library yet.
@@ -176,11 +180,11 @@ class Company {
   // "Cleared Status"). Returns the status of QuickBooks' answer.
   int32_t SetClearedStatus(int32_t ClearedStatus, const std::string& TxnId, const std::string& TxnLineId = "");
 
-  // Library-internal: reads the response element of the company query (CompanyQueryRs):
-  // the fields of each record it holds.
-  void FromDom(const XmlNode& node);
-
  private:
+  // Library-internal, through detail::ListObjectAccess: reads the response element of the
+  // company query (CompanyQueryRs): the fields of each record it holds.
+  friend class detail::ListObjectAccess;
+  void FromDom(const XmlNode& node);
   Date ActivityTime(long position);
 
   std::string name_;

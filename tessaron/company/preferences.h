@@ -22,6 +22,10 @@
 
 namespace tessaron {
 
+namespace detail {
+class ListObjectAccess;
+}
+
 class Preferences {
  public:
   Preferences();
@@ -83,12 +87,13 @@ class Preferences {
   qoEnumDayOfWeek FirstDayOfWeek() const { return static_cast<qoEnumDayOfWeek>(firstDayOfWeek_); }
   bool TimeTrackingEnabled() const { return timeTrackingEnabled_; }
 
-  // Library-internal: reads a PreferencesRet element. The groups QuickBooks knows are
-  // walked; unknown groups and fields go to the diagnostic hook, and a field of any group
-  // is stored wherever it appears. The access to personal data goes to the library state too.
-  void FromDom(const XmlNode& node);
-
  private:
+  // Library-internal, through detail::ListObjectAccess: reads a PreferencesRet element.
+  // The groups QuickBooks knows are walked; unknown groups and fields go to the diagnostic
+  // hook, and a field of any group is stored wherever it appears. The access to personal
+  // data goes to the library state too.
+  friend class detail::ListObjectAccess;
+  void FromDom(const XmlNode& node);
   struct Row;
   static const std::vector<Row>& Rows();
   void ReadGroup(const XmlNode& group);

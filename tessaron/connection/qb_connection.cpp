@@ -10,6 +10,7 @@
 #include "tessaron/platform/error.h"
 #include "tessaron/platform/host_services.h"
 #include "tessaron/version.h"
+#include "tessaron/framework/detail/list_object_access.h"
 
 namespace tessaron {
 namespace {
@@ -284,7 +285,7 @@ void QBConnection::LoadCompany() {
     if (builder.ErrNumber() == 0) {
       auto company = std::make_shared<tessaron::Company>();
       SetCurrentCompany(company);
-      company->FromDom(FirstResponse(doc));
+      detail::ListObjectAccess::FromDom(*company, FirstResponse(doc));
     } else {
       SetCurrentCompany(nullptr);
     }
@@ -299,7 +300,7 @@ void QBConnection::LoadPreferences() {
   XmlDocument doc = builder.QueryFullTableExecute("PreferencesQueryRq", 0);
   if (state.CurrentCompany) {
     XmlNode preferences = FirstRecord(doc);
-    if (!preferences.IsNull()) state.CurrentCompany->Preferences()->FromDom(preferences);
+    if (!preferences.IsNull()) detail::ListObjectAccess::FromDom(*state.CurrentCompany->Preferences(), preferences);
   }
 }
 

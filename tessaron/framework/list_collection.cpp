@@ -12,6 +12,7 @@
 #include "tessaron/framework/query_mirror.h"
 #include "tessaron/messaging/xml_bldr.h"
 #include "tessaron/platform/error.h"
+#include "tessaron/framework/detail/list_object_access.h"
 
 namespace tessaron {
 
@@ -93,7 +94,7 @@ void ListCollectionBase::RequireMaster(const char* source) const {
 
 void ListCollectionBase::Insert(const std::shared_ptr<ListObject>& obj) {
   mCol_.Add(obj, obj->CollectionKey());
-  obj->ResetToNew();
+  detail::ListObjectAccess::ResetToNew(*obj);
   const std::string parent = obj->Parent();
   if (parent.empty()) return;
   // A parent that is not loaded simply does not learn of its new child.
@@ -372,7 +373,7 @@ void ListCollectionBase::RequestStep(xmlBldr& b, ListObject& obj, int16_t reques
       ++added;
       return;
     case qoObjectStateClean:
-      if (obj.ModifyWhileClean()) {
+      if (detail::ListObjectAccess::ModifyWhileClean(obj)) {
         b.InsertModRq(obj, requestId);
         ++added;
       }

@@ -100,13 +100,16 @@ class ListCollectionBase : public qcList {
   // Records modified between the two dates (a date of 0 leaves that end open).
   int32_t GetByDateSpan(Date FromDate, Date ToDate, int32_t MaxReturned = 0, const std::string& sMDBPath = "");
 
-  // Library-internal: Company marks its own instances; only those may Add and Commit.
-  void SetMaster(bool value) { mMaster_ = value; }
   bool IsMaster() const { return mMaster_; }
   const ListCollectionInfo& CollectionInfo() const { return info_; }
 
  protected:
   explicit ListCollectionBase(const ListCollectionInfo& info);
+
+  // Library-internal, through detail::ListObjectAccess: Company marks its own instances;
+  // only those may Add and Commit.
+  friend class detail::ListObjectAccess;
+  void SetMaster(bool value) { mMaster_ = value; }
 
   // The object for one `...Ret` element of a response.
   virtual std::shared_ptr<ListObject> NewObject(const XmlNode& ret) = 0;

@@ -27,6 +27,15 @@
 //
 // Records with sub-records (addresses, credit cards) add Custom rows for them and
 // override `AfterFromDom`, `ResetToNew` and `ModifyWhileClean`.
+//
+// The public header shows only what an application may write. Members that skip the field
+// rule or set the state (`SetNameInternal`, `SetIsActiveInternal`, `SetParentInternal`,
+// `SetSublevelInternal`, `SetObjectState`, `ResetToNew`, `ModifyWhileClean`) are protected
+// here, and a class's own internal setters (`SetTermsInternal`, ...) are private with
+// `friend class detail::ListObjectAccess;`. Collections, Company and file loads call them
+// through tessaron/framework/detail/list_object_access.h, under the same name with the
+// object first: `detail::ListObjectAccess::SetNameInternal(obj, Name)`. A new internal
+// setter gets a forwarding template of the same name there.
 #pragma once
 
 #include <cstdint>
@@ -43,6 +52,10 @@
 #include "tessaron/platform/variant.h"
 
 namespace tessaron {
+
+namespace detail {
+class ListObjectAccess;
+}
 
 class ListObject : public qcListObject {
  public:
@@ -114,8 +127,12 @@ class ListObject : public qcListObject {
   };
 
 
-  // Library-internal: the collection's Add sets these while the object is New, without
-  // the field rule; a file load sets the state.
+ protected:
+  explicit ListObject(const ListClassInfo& info);
+
+  // Library-internal, reached through detail::ListObjectAccess: the collection's Add sets
+  // these while the object is New, without the field rule; a file load sets the state.
+  friend class detail::ListObjectAccess;
   void SetNameInternal(const std::string& value) { name_ = value; }
   void SetIsActiveInternal(bool value) { isActive_ = value; }
   void SetParentInternal(const std::string& parentFullName);
@@ -127,8 +144,6 @@ class ListObject : public qcListObject {
   // Raises for a sub-record in an unknown state.
   virtual bool ModifyWhileClean() { return false; }
 
- protected:
-  explicit ListObject(const ListClassInfo& info);
 
   // Form A of the field rule: with `readOnlyUnlessNew` false a stored object turns Dirty;
   // with true only a New object may be written, others raise 0x800403EA.

@@ -17,6 +17,10 @@
 
 namespace tessaron {
 
+namespace detail {
+class ListObjectAccess;
+}
+
 class qcErrors;
 class xmlBldr;
 
@@ -58,18 +62,19 @@ class Address {
   // from qbXML 2.0 on.
   void CopyAddress(Address& ToAddress) const;
 
-  // Library-internal.
+  // The tag of the state in this session: "County" in the UK editions, "Province" in the
+  // other editions outside the US, "State" in the US.
+  static const char* StateTag();
+
+ private:
+  // Library-internal, through detail::ListObjectAccess.
+  friend class detail::ListObjectAccess;
   void SetObjectState(qoEnumObjectState state) { state_ = state; }
   // Reads an address aggregate; State, Province and County all land in State. Clean afterwards.
   void FromDom(const XmlNode& node);
   // Writes the lines that are not empty, in the order qbXML wants, inside the aggregate
   // the owner opened.
   void Write(xmlBldr& cxmlbldr) const;
-  // The tag of the state in this session: "County" in the UK editions, "Province" in the
-  // other editions outside the US, "State" in the US.
-  static const char* StateTag();
-
- private:
   // The guard of every setter. With false a stored address turns Dirty; the refusing
   // branch (true) is kept for the owners' sake, though no setter takes it.
   void CheckField(bool readOnlyBelowVersion2);

@@ -9,6 +9,7 @@
 
 #include "tessaron/framework/list_collection.h"
 #include "tessaron/framework/list_object.h"
+#include "tessaron/framework/detail/list_object_access.h"
 
 namespace tessaron {
 
@@ -40,9 +41,9 @@ class TreeNameCollection : public ListCollection<Obj> {
   // sent until Commit. A name already in the collection raises the collection's error.
   std::shared_ptr<Obj> Add(const std::string& Name = "", bool IsActive = true, const std::string& ParentFullName = "") {
     return this->AddNew([&](Obj& obj) {
-      obj.SetNameInternal(Name);
-      obj.SetIsActiveInternal(IsActive);
-      obj.SetParentInternal(ParentFullName);
+      detail::ListObjectAccess::SetNameInternal(obj, Name);
+      detail::ListObjectAccess::SetIsActiveInternal(obj, IsActive);
+      detail::ListObjectAccess::SetParentInternal(obj, ParentFullName);
     });
   }
 

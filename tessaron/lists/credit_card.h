@@ -12,6 +12,10 @@
 
 namespace tessaron {
 
+namespace detail {
+class ListObjectAccess;
+}
+
 class xmlBldr;
 
 class CreditCard {
@@ -37,15 +41,15 @@ class CreditCard {
   // True when the texts are empty and the month and year are 0.
   bool IsEmpty() const;
 
-  // Library-internal.
+ private:
+  // Library-internal, through detail::ListObjectAccess.
+  friend class detail::ListObjectAccess;
   void SetObjectState(qoEnumObjectState state) { state_ = state; }
   // Reads a CreditCardInfo aggregate; Clean afterwards.
   void FromDom(const XmlNode& node);
   // Writes the fields inside the CreditCardInfo aggregate the owner opened: the texts
   // always (an empty one clears the field), month and year only when not 0.
   void Write(xmlBldr& cxmlbldr) const;
-
- private:
   void Touch() {
     if (state_ != qoObjectStateNew) state_ = qoObjectStateDirty;
   }

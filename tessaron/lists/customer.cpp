@@ -6,6 +6,7 @@
 #include "tessaron/foundation/qc_error.h"
 #include "tessaron/foundation/values.h"
 #include "tessaron/messaging/xml_bldr.h"
+#include "tessaron/framework/detail/list_object_access.h"
 
 namespace tessaron {
 
@@ -26,13 +27,13 @@ bool IsUSEdition(const ListObject&) { return !State().IsNonUSProduct; }
 void WriteAddress(const std::shared_ptr<Address>& address, const char* tag, xmlBldr& b, WriteMode mode) {
   if (!address || (mode != WriteMode::QueryRs && address->ObjectState() == qoObjectStateClean)) return;
   b.OpenAggregateOnly(tag);
-  address->Write(b);
+  detail::ListObjectAccess::Write(*address, b);
   b.EndAggregate(tag);
 }
 
 void ReadAddress(std::shared_ptr<Address>& address, const XmlNode& node) {
   if (!address) address = std::make_shared<Address>();
-  address->FromDom(node);
+  detail::ListObjectAccess::FromDom(*address, node);
 }
 
 void CheckAddress(const std::shared_ptr<Address>& address, const char* field, qcErrors& errors) {
@@ -118,13 +119,13 @@ const ListClassInfo& Customer::Info() {
             [](ListObject& o, const XmlNode& n) {
               auto& card = Self(o).creditCard_;
               if (!card) card = std::make_shared<tessaron::CreditCard>();
-              card->FromDom(n);
+              detail::ListObjectAccess::FromDom(*card, n);
             },
             [](ListObject& o, xmlBldr& b, WriteMode) {
               const auto& card = Self(o).creditCard_;
               if (!card || card->IsEmpty()) return;
               b.OpenAggregateOnly("CreditCardInfo");
-              card->Write(b);
+              detail::ListObjectAccess::Write(*card, b);
               b.EndAggregate("CreditCardInfo");
             })
             .Add(Send::Always)
@@ -347,16 +348,16 @@ void Customer::Copy(Customer& FromCustomer) {
 void Customer::AfterFromDom() {
   // An address or card the response did not mention is Clean too, so a later modify does
   // not send it back.
-  BillTo()->SetObjectState(qoObjectStateClean);
-  ShipTo()->SetObjectState(qoObjectStateClean);
-  CreditCard()->SetObjectState(qoObjectStateClean);
+  detail::ListObjectAccess::SetObjectState(*BillTo(), qoObjectStateClean);
+  detail::ListObjectAccess::SetObjectState(*ShipTo(), qoObjectStateClean);
+  detail::ListObjectAccess::SetObjectState(*CreditCard(), qoObjectStateClean);
   creditLimitTouched_ = false;
 }
 
 void Customer::ResetToNew() {
   SetObjectState(qoObjectStateNew);
-  BillTo()->SetObjectState(qoObjectStateNew);
-  ShipTo()->SetObjectState(qoObjectStateNew);
+  detail::ListObjectAccess::SetObjectState(*BillTo(), qoObjectStateNew);
+  detail::ListObjectAccess::SetObjectState(*ShipTo(), qoObjectStateNew);
 }
 
 bool Customer::ModifyWhileClean() {

@@ -115,18 +115,20 @@ class Customer final : public ListObject {
   // UserData too. The addresses go over by CopyAddress, the card by its setters.
   void Copy(Customer& FromCustomer);
 
-  // Library-internal: the name under the version rule (Rename turns a stored customer
-  // Dirty with it).
+
+ protected:
+  void AfterFromDom() override;
+
+ private:
+  // Library-internal, through detail::ListObjectAccess.
+  friend class detail::ListObjectAccess;
+  // The name under the version rule (Rename turns a stored customer Dirty with it).
   void SetNameChecked(const std::string& value);
   void ResetToNew() override;
   // A Clean customer is still sent when ShipTo is Dirty, or ShipTo is Clean and BillTo
   // Dirty. Raises for an address in no known state.
   bool ModifyWhileClean() override;
 
- protected:
-  void AfterFromDom() override;
-
- private:
   static const ListClassInfo& Info();
   std::shared_ptr<qcListObjectRef>& PaymentMethodRef();
   void SetRef(std::shared_ptr<qcListObjectRef>& ref, const std::string& value, Currency minVersion);

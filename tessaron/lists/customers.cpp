@@ -7,6 +7,7 @@
 #include "tessaron/foundation/values.h"
 #include "tessaron/messaging/xml_bldr.h"
 #include "tessaron/platform/error.h"
+#include "tessaron/framework/detail/list_object_access.h"
 
 namespace tessaron {
 
@@ -58,9 +59,9 @@ std::shared_ptr<Customer> Customers::Add(
     const std::string& ShipToState, const std::string& ShipToPostalCode, const std::string& ShipToCountry) {
   // The object is New throughout, so no setter's guard can refuse here.
   return AddNew([&](Customer& c) {
-    c.SetNameInternal(Name);
-    c.SetParentInternal(Parent);
-    c.SetSublevelInternal(PartsOf(Parent));
+    detail::ListObjectAccess::SetNameInternal(c, Name);
+    detail::ListObjectAccess::SetParentInternal(c, Parent);
+    detail::ListObjectAccess::SetSublevelInternal(c, PartsOf(Parent));
     c.SetCustomerType(CustomerType);
     c.SetTerms(Terms);
     c.SetSalesRep(SalesRep);
@@ -240,11 +241,11 @@ bool Customers::Rename(const std::shared_ptr<Customer>& Cust, const std::string&
   if (!Cust) return true;
   if (Cust->ObjectState() == qoObjectStateNew) {
     // The key follows at the first commit, which re-keys a New customer.
-    Cust->SetNameChecked(NewName);
+    detail::ListObjectAccess::SetNameChecked(*Cust, NewName);
     return true;
   }
   Objects().Remove(Variant(Cust->CollectionKey()));
-  Cust->SetNameChecked(NewName);
+  detail::ListObjectAccess::SetNameChecked(*Cust, NewName);
   Objects().Add(Cust, Cust->CollectionKey());
   return true;
 }

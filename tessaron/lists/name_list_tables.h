@@ -7,6 +7,7 @@
 
 #include "tessaron/framework/list_collection.h"
 #include "tessaron/framework/list_object.h"
+#include "tessaron/framework/detail/list_object_access.h"
 
 namespace tessaron::name_lists {
 
@@ -38,8 +39,8 @@ class FlatNameCollection : public ListCollection<Obj> {
   // A New record; master only; nothing is sent until Commit.
   std::shared_ptr<Obj> Add(const std::string& Name = "", bool IsActive = true) {
     return this->AddNew([&](Obj& obj) {
-      obj.SetNameInternal(Name);
-      obj.SetIsActiveInternal(IsActive);
+      detail::ListObjectAccess::SetNameInternal(obj, Name);
+      detail::ListObjectAccess::SetIsActiveInternal(obj, IsActive);
     });
   }
 

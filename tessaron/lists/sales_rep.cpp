@@ -5,6 +5,7 @@
 #include "tessaron/lists/entities.h"
 #include "tessaron/lists/name_list_tables.h"
 #include "tessaron/platform/text.h"
+#include "tessaron/framework/detail/list_object_access.h"
 
 namespace tessaron {
 
@@ -52,8 +53,8 @@ SalesReps::SalesReps()
 
 std::shared_ptr<SalesRep> SalesReps::Add(const std::string& Initial, bool IsActive, const std::string& EntityFullName) {
   return AddNew([&](SalesRep& rep) {
-    rep.SetInitialInternal(Initial);
-    rep.SetIsActiveInternal(IsActive);
+    detail::ListObjectAccess::SetInitialInternal(rep, Initial);
+    detail::ListObjectAccess::SetIsActiveInternal(rep, IsActive);
     if (!EntityFullName.empty()) rep.SetEntity(EntityFullName);
   });
 }

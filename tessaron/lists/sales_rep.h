@@ -24,9 +24,9 @@ class SalesRep final : public ListObject {
 
   std::string FullName() const override { return initial_; }
 
-  void SetInitialInternal(const std::string& value) { initial_ = value; }
-
  private:
+  friend class detail::ListObjectAccess;
+  void SetInitialInternal(const std::string& value) { initial_ = value; }
   static const ListClassInfo& Info();
   // The person must be given, fit in 31 characters, and be on file (one query each time).
   static void CheckEntity(ListObject& obj, qcErrors& errors);

@@ -2,6 +2,7 @@
 
 #include "tessaron/foundation/error_numbers.h"
 #include "tessaron/lists/name_list_tables.h"
+#include "tessaron/framework/detail/list_object_access.h"
 
 namespace tessaron {
 
@@ -50,10 +51,10 @@ SalesTaxCodes::SalesTaxCodes()
 std::shared_ptr<SalesTaxCode> SalesTaxCodes::Add(const std::string& Name, const std::string& Description,
                                                  bool IsTaxable, bool IsActive) {
   return AddNew([&](SalesTaxCode& code) {
-    code.SetNameInternal(Name);
-    code.SetDescriptionInternal(Description);
-    code.SetIsTaxableInternal(IsTaxable);
-    code.SetIsActiveInternal(IsActive);
+    detail::ListObjectAccess::SetNameInternal(code, Name);
+    detail::ListObjectAccess::SetDescriptionInternal(code, Description);
+    detail::ListObjectAccess::SetIsTaxableInternal(code, IsTaxable);
+    detail::ListObjectAccess::SetIsActiveInternal(code, IsActive);
   });
 }
 

@@ -19,10 +19,10 @@ class SalesTaxCode final : public ListObject {
   // At most 31 characters.
   const std::string& Description() const { return desc_; }
 
+ private:
+  friend class detail::ListObjectAccess;
   void SetIsTaxableInternal(bool value) { isTaxable_ = value; }
   void SetDescriptionInternal(const std::string& value) { desc_ = value; }
-
- private:
   static const ListClassInfo& Info();
 
   bool isTaxable_ = false;

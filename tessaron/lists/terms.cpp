@@ -6,6 +6,7 @@
 #include "tessaron/foundation/error_numbers.h"
 #include "tessaron/foundation/values.h"
 #include "tessaron/lists/name_list_tables.h"
+#include "tessaron/framework/detail/list_object_access.h"
 
 namespace tessaron {
 
@@ -116,9 +117,9 @@ Terms::Terms()
 std::shared_ptr<StandardTerm> Terms::AddStandard(const std::string& Name, bool IsActive, int16_t DueDays,
                                                  int16_t DiscountDays, Currency DiscountPercent) {
   return AddNew<StandardTerm>([&](StandardTerm& term) {
-    term.SetNameInternal(Name);
-    term.SetIsActiveInternal(IsActive);
-    term.SetTermsInternal(DueDays, DiscountDays, DiscountPercent);
+    detail::ListObjectAccess::SetNameInternal(term, Name);
+    detail::ListObjectAccess::SetIsActiveInternal(term, IsActive);
+    detail::ListObjectAccess::SetTermsInternal(term, DueDays, DiscountDays, DiscountPercent);
   });
 }
 
@@ -126,9 +127,9 @@ std::shared_ptr<DateDrivenTerm> Terms::AddDateDriven(const std::string& Name, in
                                                      int16_t DueNextMonthDays, int16_t DiscountDayOfMonth,
                                                      Currency DiscountPercent) {
   return AddNew<DateDrivenTerm>([&](DateDrivenTerm& term) {
-    term.SetNameInternal(Name);
-    term.SetIsActiveInternal(IsActive);
-    term.SetTermsInternal(DayOfMonthDue, DueNextMonthDays, DiscountDayOfMonth, DiscountPercent);
+    detail::ListObjectAccess::SetNameInternal(term, Name);
+    detail::ListObjectAccess::SetIsActiveInternal(term, IsActive);
+    detail::ListObjectAccess::SetTermsInternal(term, DayOfMonthDue, DueNextMonthDays, DiscountDayOfMonth, DiscountPercent);
   });
 }
 

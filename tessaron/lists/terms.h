@@ -39,9 +39,9 @@ class StandardTerm final : public ListObject, public qcTerm {
   Date CalculateDiscountDate(Date PostDate) const override;
   Currency DiscountPercent() const override { return discountPct_; }
 
-  void SetTermsInternal(int16_t dueDays, int16_t discountDays, Currency discountPercent);
-
  private:
+  friend class detail::ListObjectAccess;
+  void SetTermsInternal(int16_t dueDays, int16_t discountDays, Currency discountPercent);
   static const ListClassInfo& Info();
 
   int16_t dueDays_ = 0;
@@ -67,10 +67,10 @@ class DateDrivenTerm final : public ListObject, public qcTerm {
   Date CalculateDiscountDate(Date PostDate) const override;
   Currency DiscountPercent() const override { return discountPct_; }
 
+ private:
+  friend class detail::ListObjectAccess;
   void SetTermsInternal(int16_t dayOfMonthDue, int16_t dueNextMonthDays, int16_t discountDayOfMonth,
                         Currency discountPercent);
-
- private:
   static const ListClassInfo& Info();
 
   int16_t dayOfMonthDue_ = 0;

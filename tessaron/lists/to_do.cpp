@@ -7,6 +7,7 @@
 #include "tessaron/foundation/qc_error.h"
 #include "tessaron/lists/name_list_tables.h"
 #include "tessaron/messaging/xml_bldr.h"
+#include "tessaron/framework/detail/list_object_access.h"
 
 namespace tessaron {
 
@@ -36,8 +37,8 @@ ToDoList::ToDoList()
 std::shared_ptr<ToDo> ToDoList::Add(const std::string& Notes, bool IsActive, bool IsDone, Date ReminderDate) {
   Errors()->Clear();
   return AddNew([&](ToDo& note) {
-    note.SetKeyInternal(PositionKey(Count() + 1));
-    note.SetIsActiveInternal(IsActive);
+    detail::ListObjectAccess::SetKeyInternal(note, PositionKey(Count() + 1));
+    detail::ListObjectAccess::SetIsActiveInternal(note, IsActive);
     note.SetNotes(Notes);
     note.SetIsDone(IsDone);
     note.SetReminderDate(ReminderDate);
@@ -45,7 +46,7 @@ std::shared_ptr<ToDo> ToDoList::Add(const std::string& Notes, bool IsActive, boo
 }
 
 void ToDoList::AddParsed(const std::shared_ptr<ListObject>& obj, long position) {
-  static_cast<ToDo&>(*obj).SetKeyInternal(PositionKey(position));
+  detail::ListObjectAccess::SetKeyInternal(static_cast<ToDo&>(*obj), PositionKey(position));
   ListCollection<ToDo>::AddParsed(obj, position);
 }
 

@@ -26,9 +26,9 @@ class ToDo final : public ListObject {
   void SetReminderDate(Date value) { Store(reminderDate_, value, true); }
 
   std::string CollectionKey() const override { return key_; }
-  void SetKeyInternal(const std::string& key) { key_ = key; }
-
  private:
+  friend class detail::ListObjectAccess;
+  void SetKeyInternal(const std::string& key) { key_ = key; }
   static const ListClassInfo& Info();
 
   std::string notes_;

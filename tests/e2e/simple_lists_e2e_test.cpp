@@ -23,6 +23,7 @@
 #include "tessaron/lists/to_do.h"
 #include "tests/support/qbxml_check.h"
 #include "tests/support/recording_processor.h"
+#include "tessaron/framework/detail/list_object_access.h"
 
 namespace tessaron {
 namespace {
@@ -60,7 +61,7 @@ class SimpleListsE2E : public ::testing::Test {
   template <class C>
   std::shared_ptr<C> Master() {
     auto list = std::make_shared<C>();
-    list->SetMaster(true);
+    detail::ListObjectAccess::SetMaster(*list, true);
     lists_->AddObject(list, ListTypeKey(list->ListType()));
     return list;
   }

@@ -7,6 +7,7 @@
 #include "tessaron/foundation/qc_error.h"
 #include "tessaron/lists/class.h"
 #include "tests/support/list_session.h"
+#include "tessaron/framework/detail/list_object_access.h"
 
 namespace tessaron {
 namespace {
@@ -151,7 +152,7 @@ TEST_F(CommitTest, CommitOfOnlyCleanObjectsSendsNothing) {
 
 TEST_F(CommitTest, DirtyObjectOfAListWithoutModifyRaises) {
   auto a = classes->Add("Alpha");
-  a->SetObjectState(qoObjectStateDirty);
+  detail::ListObjectAccess::SetObjectState(*a, qoObjectStateDirty);
   try {
     classes->Commit();
     FAIL() << "no raise";
@@ -166,7 +167,7 @@ TEST_F(CommitTest, DirtyObjectOfAListWithoutModifyRaises) {
 TEST_F(CommitTest, MemberThatIsNotInTheCollectionIsReported) {
   classes->Add("Alpha");
   auto stranger = std::make_shared<Class>();
-  stranger->SetNameInternal("Alpha");
+  detail::ListObjectAccess::SetNameInternal(*stranger, "Alpha");
   State().ErrorMode = false;
   EXPECT_EQ(classes->Commit(stranger), 1);
   EXPECT_EQ(classes->Errors()->Item(1)->Number(), N(err::kNotAMember));

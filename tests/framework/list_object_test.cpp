@@ -11,6 +11,7 @@
 #include "tessaron/lists/to_do.h"
 #include "tessaron/messaging/xml_bldr.h"
 #include "tests/support/list_session.h"
+#include "tessaron/framework/detail/list_object_access.h"
 
 namespace tessaron {
 namespace {
@@ -173,7 +174,7 @@ TEST_F(ObjectTest, SetIfChangedLeavesACleanObjectCleanForTheSameValue) {
 
 TEST_F(ObjectTest, AddSkipsEmptyValuesAndModifySendsThem) {
   Gadget g;
-  g.SetNameInternal("Acme");
+  detail::ListObjectAccess::SetNameInternal(g, "Acme");
   xmlBldr add;
   add.InsertAddRq(g, 1);
   EXPECT_EQ(add.GetXML().ToString(),
@@ -193,7 +194,7 @@ TEST_F(ObjectTest, AddSkipsEmptyValuesAndModifySendsThem) {
 
 TEST_F(ObjectTest, ElementsAboveTheSessionVersionAreDroppedSilently) {
   Gadget g;
-  g.SetNameInternal("Acme");
+  detail::ListObjectAccess::SetNameInternal(g, "Acme");
   g.SetNotes("hello");  // Notes exists from 3.0; the session is 2.0
   xmlBldr add;
   add.InsertAddRq(g, 1);
@@ -243,8 +244,8 @@ TEST_F(ObjectTest, ClassModifyRaisesWithItsOwnMessage) {
 
 TEST_F(ObjectTest, FullNameAndKeyOfATreeRecordFollowTheParentReference) {
   Class c;
-  c.SetNameInternal("East");
-  c.SetParentInternal("Sales:North");
+  detail::ListObjectAccess::SetNameInternal(c, "East");
+  detail::ListObjectAccess::SetParentInternal(c, "Sales:North");
   EXPECT_EQ(c.FullName(), "Sales:North:East");
   EXPECT_EQ(c.CollectionKey(), "Sales:North:East");
   EXPECT_EQ(c.Parent(), "Sales:North");
@@ -260,7 +261,7 @@ class ClassNameTest : public ObjectTest, public ::testing::WithParamInterface<Na
 
 TEST_P(ClassNameTest, ValidateChecksTheNameOfANewObject) {
   Class c;
-  c.SetNameInternal(GetParam().name);
+  detail::ListObjectAccess::SetNameInternal(c, GetParam().name);
   EXPECT_EQ(c.Validate(), GetParam().valid);
   if (!GetParam().valid) {
     ASSERT_EQ(c.Errors()->Count(), 1);

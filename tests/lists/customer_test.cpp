@@ -13,6 +13,7 @@
 #include "tessaron/messaging/xml_bldr.h"
 #include "tests/support/raised.h"
 #include "tests/lists/customer_records.h"
+#include "tessaron/framework/detail/list_object_access.h"
 
 namespace tessaron {
 namespace {
@@ -91,7 +92,7 @@ class CustomerGateTest : public ::testing::TestWithParam<GateParam> {
 TEST_P(CustomerGateTest, SetterPassesOrRefusesByVersionAndState) {
   const auto& [gate, version, state] = GetParam();
   std::shared_ptr<Customer> c = state == qoObjectStateNew ? std::make_shared<Customer>() : ParsedCustomer(kStored);
-  if (state == qoObjectStateDirty) c->SetObjectState(qoObjectStateDirty);
+  if (state == qoObjectStateDirty) detail::ListObjectAccess::SetObjectState(*c, qoObjectStateDirty);
   State().QBXMLVersionNumber = Currency(version);
   const std::string before = gate.get(*c);
   const bool carried = version >= gate.limit;
@@ -238,8 +239,8 @@ struct CheckCase {
 };
 
 const CheckCase kChecks[] = {
-    {"EmptyName", [](Customer& c) { c.SetNameInternal(""); }, err::kNameNull, "Name", "Name cannot be null"},
-    {"LongName", [](Customer& c) { c.SetNameInternal(std::string(42, 'n')); }, err::kCustomerNameTooLong, "Name",
+    {"EmptyName", [](Customer& c) { detail::ListObjectAccess::SetNameInternal(c, ""); }, err::kNameNull, "Name", "Name cannot be null"},
+    {"LongName", [](Customer& c) { detail::ListObjectAccess::SetNameInternal(c, std::string(42, 'n')); }, err::kCustomerNameTooLong, "Name",
      "Customer/Company name cannot exceed 41 characters"},
     {"CompanyName", [](Customer& c) { c.SetCompanyName(std::string(42, 'c')); }, err::kCustomerNameTooLong,
      "Company Name", "Customer/Company name cannot exceed 41 characters"},
@@ -274,7 +275,7 @@ class CustomerCheckTest : public CustomerRecordTest, public ::testing::WithParam
 
 TEST_P(CustomerCheckTest, ReportsOneEntryWithItsLabel) {
   Customer c;
-  c.SetNameInternal("Acme");
+  detail::ListObjectAccess::SetNameInternal(c, "Acme");
   // A value right at each limit passes.
   c.SetCompanyName(std::string(41, 'c'));
   c.SetMiddleName("Mid");
@@ -298,7 +299,7 @@ TEST_F(CustomerRecordTest, ValidateCountsUnicodeAsThePlatformDoes) {
   c.SetFax(std::string(200, '9'));  // the fax is never checked
   std::string name;
   for (int i = 0; i < 41; ++i) name += "\xC3\xA9";  // 41 characters, 82 bytes
-  c.SetNameInternal(name);
+  detail::ListObjectAccess::SetNameInternal(c, name);
   EXPECT_TRUE(c.Validate());
 }
 
@@ -350,7 +351,7 @@ TEST_F(CustomerRecordTest, CopyAddressLeavesLine4AloneBelowVersion2) {
   from.SetLine1("1");
   from.SetLine4("4");
   to.SetLine4("old");
-  to.SetObjectState(qoObjectStateClean);
+  detail::ListObjectAccess::SetObjectState(to, qoObjectStateClean);
   State().QBXMLVersionNumber = Currency::Parse("1.1");
   from.CopyAddress(to);
   EXPECT_EQ(to.Line1(), "1");

@@ -12,6 +12,7 @@
 #include "tessaron/lists/customers.h"
 #include "tests/support/raised.h"
 #include "tests/lists/customer_records.h"
+#include "tessaron/framework/detail/list_object_access.h"
 
 namespace tessaron {
 namespace {
@@ -194,8 +195,8 @@ TEST_P(CustomersAddressTest, CleanCustomerIsSentAsTheShipToAddressDecides) {
   auto c = LoadOne();
   c->ShipTo()->SetLine1("9 Dock");
   c->BillTo()->SetLine1("1 Main");
-  c->ShipTo()->SetObjectState(GetParam().shipTo);
-  c->BillTo()->SetObjectState(GetParam().billTo);
+  detail::ListObjectAccess::SetObjectState(*c->ShipTo(), GetParam().shipTo);
+  detail::ListObjectAccess::SetObjectState(*c->BillTo(), GetParam().billTo);
   ASSERT_EQ(c->ObjectState(), qoObjectStateClean);
   if (GetParam().sent) qb.Answer(Batch({ResponseElement("CustomerModRs", 1, 0, CustomerRet("80000001-1", "Acme"))}));
 

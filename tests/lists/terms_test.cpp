@@ -6,6 +6,7 @@
 #include "tessaron/foundation/qc_error.h"
 #include "tessaron/lists/terms.h"
 #include "tests/support/list_session.h"
+#include "tessaron/framework/detail/list_object_access.h"
 
 namespace tessaron {
 namespace {
@@ -30,7 +31,7 @@ class DateDrivenDueTest : public ::testing::TestWithParam<DueCase> {};
 
 TEST_P(DateDrivenDueTest, DueDateMovesToTheNextMonthWithinTheGraceDays) {
   DateDrivenTerm t;
-  t.SetTermsInternal(static_cast<int16_t>(GetParam().dayDue), static_cast<int16_t>(GetParam().nextMonthDays), 0, Currency());
+  detail::ListObjectAccess::SetTermsInternal(t, static_cast<int16_t>(GetParam().dayDue), static_cast<int16_t>(GetParam().nextMonthDays), 0, Currency());
   EXPECT_EQ(YMD(t.CalculateDueDate(GetParam().post)), GetParam().due);
 }
 
@@ -45,7 +46,7 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST(DateDrivenTerm, DiscountDateAlwaysFallsInTheNextMonth) {
   DateDrivenTerm t;
-  t.SetTermsInternal(28, 0, 10, Currency(2));
+  detail::ListObjectAccess::SetTermsInternal(t, 28, 0, 10, Currency(2));
   EXPECT_EQ(YMD(t.CalculateDiscountDate(DateSerial(2004, 1, 5))), "2004-02-10");
   EXPECT_EQ(YMD(t.CalculateDiscountDate(DateSerial(2004, 12, 20))), "2005-01-10");
   EXPECT_TRUE(t.IsDateDriven());
@@ -54,10 +55,10 @@ TEST(DateDrivenTerm, DiscountDateAlwaysFallsInTheNextMonth) {
 
 TEST(StandardTerm, CountsDaysFromThePostingDate) {
   StandardTerm t;
-  t.SetTermsInternal(30, 10, Currency(2));
+  detail::ListObjectAccess::SetTermsInternal(t, 30, 10, Currency(2));
   EXPECT_EQ(YMD(t.CalculateDueDate(DateSerial(2004, 12, 15))), "2005-01-14");
   EXPECT_EQ(YMD(t.CalculateDiscountDate(DateSerial(2004, 2, 25))), "2004-03-06");
-  t.SetTermsInternal(30, 0, Currency());
+  detail::ListObjectAccess::SetTermsInternal(t, 30, 0, Currency());
   EXPECT_EQ(t.CalculateDiscountDate(DateSerial(2004, 2, 25)), kNullDate);
   EXPECT_FALSE(t.IsDateDriven());
 }

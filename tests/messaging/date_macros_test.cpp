@@ -8,6 +8,7 @@
 #include "tessaron/platform/xml_dom.h"
 #include "tests/support/qbxml_check.h"
 #include "tests/support/scripted_processor.h"
+#include "tessaron/framework/detail/list_object_access.h"
 
 namespace tessaron {
 namespace {
@@ -77,7 +78,7 @@ TEST_F(PinnedClock, FiscalMacrosFollowTheFirstFiscalMonthOfTheCompany) {
   XmlDocument doc = XmlDocument::Create();
   ASSERT_TRUE(doc.loadXML(response));
   auto company = std::make_shared<Company>();
-  company->FromDom(doc.childNodes().item(1).childNodes().item(0).childNodes().item(0));
+  detail::ListObjectAccess::FromDom(*company, doc.childNodes().item(1).childNodes().item(0).childNodes().item(0));
   SetCurrentCompany(company);
   Pin(2024, 5, 15);
   EXPECT_EQ(DateMacroStart("ThisFiscalYear"), "2023-08-01");

@@ -14,6 +14,7 @@
 #include "tessaron/framework/lists.h"
 #include "tests/support/qbxml_check.h"
 #include "tests/support/scripted_processor.h"
+#include "tessaron/framework/detail/list_object_access.h"
 
 namespace tessaron::testing {
 
@@ -29,7 +30,7 @@ class ListSession : public ScriptedSession {
   template <class C>
   std::shared_ptr<C> Register() {
     auto list = std::make_shared<C>();
-    list->SetMaster(true);
+    detail::ListObjectAccess::SetMaster(*list, true);
     lists_->AddObject(list, ListTypeKey(list->ListType()));
     return list;
   }
