@@ -1,5 +1,6 @@
 // tessaron list COLLECTION --company FILE [--all|--active] [--name-match TEXT --match starts|contains|ends]
 //                          [--name-from A --name-to B] [--balance OP AMOUNT] [--tree] [--format table|json|csv]
+//                          [--columns A,B,...]
 #include <algorithm>
 #include <functional>
 #include <iostream>
@@ -8,6 +9,7 @@
 #include <vector>
 
 #include "cli/commands.h"
+#include "cli/list_columns.h"
 #include "qbsim/qbsim.h"
 #include "tessaron/connection/qb_connection.h"
 #include "tessaron/foundation/enum_codes.h"
@@ -26,6 +28,7 @@ struct Table {
   std::vector<std::string> columns;
   std::vector<std::vector<std::string>> rows;
   std::vector<FieldKind> kinds;
+  std::vector<std::string> classes;  // the class of each row's record
 };
 
 // The records in the collection's order, or as a tree: each record followed by the records
@@ -59,6 +62,7 @@ Table Collect(const std::vector<std::shared_ptr<ListObject>>& objects, bool tree
   Table t;
   std::vector<std::vector<ListObject::PropertyText>> records;
   for (const auto& obj : objects) {
+    t.classes.emplace_back(obj->ClassInfo().className);
     records.push_back(obj->Properties());
     if (!tree) continue;
     auto& record = records.back();
@@ -80,6 +84,65 @@ Table Collect(const std::vector<std::shared_ptr<ListObject>>& objects, bool tree
     t.rows.push_back(std::move(row));
   }
   return t;
+}
+
+// The pseudo column that names each record's class, for lists of several kinds.
+constexpr const char* kClassColumn = "Class";
+
+// The table with only `names`, in that order (matched case-insensitively). "Class" is the
+// record's class unless the records have a property of that name. With `skipUnknown` a name
+// no record has is left out; otherwise it fails with the names there are.
+Table Select(const Table& t, const std::vector<std::string>& names, bool skipUnknown) {
+  Table out;
+  std::vector<long> from;  // column of t, or -1 for the class
+  for (const auto& name : names) {
+    auto it = std::find_if(t.columns.begin(), t.columns.end(), [&](const auto& c) { return EqualsIgnoreCase(c, name); });
+    long index = it == t.columns.end() ? -2 : it - t.columns.begin();
+    if (index == -2 && EqualsIgnoreCase(name, kClassColumn)) index = -1;
+    if (index == -2) {
+      if (skipUnknown) continue;
+      std::string known;
+      for (const auto& c : t.columns) known += c + ", ";
+      throw CLI::ValidationError("--columns", "no property " + name + "; the records have: " + known + kClassColumn);
+    }
+    if (std::find(from.begin(), from.end(), index) != from.end()) continue;
+    from.push_back(index);
+    out.columns.push_back(index < 0 ? kClassColumn : t.columns[index]);
+    out.kinds.push_back(index < 0 ? FieldKind::Text : t.kinds[index]);
+  }
+  for (size_t r = 0; r < t.rows.size(); ++r) {
+    std::vector<std::string> row;
+    for (long index : from) row.push_back(index < 0 ? t.classes[r] : t.rows[r][index]);
+    out.rows.push_back(std::move(row));
+  }
+  out.classes = t.classes;
+  return out;
+}
+
+// The default columns of the classes in the table, in the order the classes first appear.
+std::vector<std::string> DefaultColumnsOf(const Table& t, bool tree) {
+  std::vector<std::string> names;
+  if (tree) names.emplace_back("Name");  // indented, so the full name is not needed
+  for (const auto& cls : t.classes)
+    for (const auto& name : DefaultColumns(cls)) {
+      if (tree && (name == "Name" || name == "FullName")) continue;
+      if (std::find(names.begin(), names.end(), name) == names.end()) names.push_back(name);
+    }
+  // In a list of several kinds the active flag stays the last column.
+  auto active = std::find(names.begin(), names.end(), "IsActive");
+  if (active != names.end()) std::rotate(active, active + 1, names.end());
+  return names;
+}
+
+// Money with two decimals, as people read it; the other formats keep the stored text.
+void FormatAmounts(Table& t) {
+  for (size_t c = 0; c < t.columns.size(); ++c) {
+    if (t.kinds[c] != FieldKind::Amount) continue;
+    for (auto& row : t.rows) {
+      Currency value;
+      if (!row[c].empty() && Currency::TryParse(row[c], value)) row[c] = FormatCurrency(value, "0.00");
+    }
+  }
 }
 
 void PrintTable(const Table& t) {
@@ -183,6 +246,7 @@ void AddListCommand(CLI::App& app, const GlobalOptions& global) {
     std::string format = "table";
     std::vector<std::string> balance;
     bool tree = false;
+    std::string columns;
   };
   auto args = std::make_shared<Args>();
   cmd->add_option("COLLECTION", args->collection, "The collection, by its name: " + NamesText())->required();
@@ -204,6 +268,10 @@ void AddListCommand(CLI::App& app, const GlobalOptions& global) {
       ->expected(2)
       ->option_text("OP AMOUNT");
   cmd->add_flag("--tree", args->tree, "Records under their parents, indented (customers and their jobs)");
+  cmd->add_option("--columns", args->columns,
+                  "The properties to show, by name (any case), comma-separated; the table shows a short "
+                  "set per class by default, JSON and CSV every property")
+      ->option_text("A,B,...");
   cmd->add_option("--format", args->format, "Output: an aligned table, one JSON array, or CSV with a header row")
       ->check(CLI::IsMember({"table", "json", "csv"}))
       ->capture_default_str();
@@ -258,9 +326,18 @@ void AddListCommand(CLI::App& app, const GlobalOptions& global) {
       SetCurrentLists(nullptr);
       throw Error(e->Number(), "tessaron list", e->Description());
     }
-    const Table table = Collect(Records(*list, args->tree), args->tree);
+    Table table = Collect(Records(*list, args->tree), args->tree);
     SetCurrentLists(nullptr);
     connection.CloseConnection();
+    if (!args->columns.empty()) {
+      std::vector<std::string> names = SplitColumnList(args->columns);
+      if (args->tree && std::none_of(names.begin(), names.end(), [](const auto& n) { return EqualsIgnoreCase(n, "Name"); }))
+        names.insert(names.begin(), "Name");
+      table = Select(table, names, false);
+    } else if (args->format == "table") {
+      table = Select(table, DefaultColumnsOf(table, args->tree), true);
+    }
+    if (args->format == "table") FormatAmounts(table);
     if (args->format == "json") PrintJson(table);
     else if (args->format == "csv") PrintCsv(table);
     else PrintTable(table);

@@ -74,5 +74,73 @@ TEST_F(ListCommand, UnknownCollectionOrFileFails) {
   EXPECT_NE(missing.out.find("tessaron: "), std::string::npos) << missing.out;
 }
 
+// The first line of the output: the columns.
+std::string Header(const std::string& out) { return out.substr(0, out.find_first_of("\r\n")); }
+
+struct ColumnsCase {
+  const char* name;
+  const char* arguments;
+  const char* header;  // the first line, spaces between table columns squeezed to one
+};
+
+std::string Squeezed(std::string text) {
+  std::string out;
+  for (char ch : text)
+    if (ch != ' ' || out.empty() || out.back() != ' ') out += ch;
+  while (!out.empty() && out.back() == ' ') out.pop_back();
+  return out;
+}
+
+class ListColumns : public ListCommand, public ::testing::WithParamInterface<ColumnsCase> {};
+
+TEST_P(ListColumns, HeaderShowsTheChosenColumns) {
+  CommandRun run = Tessaron(std::string("list ") + GetParam().arguments + Company());
+  ASSERT_EQ(run.status, 0) << run.out;
+  EXPECT_EQ(Squeezed(Header(run.out)), GetParam().header) << run.out;
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Columns, ListColumns,
+    ::testing::Values(
+        ColumnsCase{"CustomerTableDefault", "Customers", "FullName CompanyName Phone TotalBalance IsActive"},
+        ColumnsCase{"TreeStartsWithTheIndentedName", "Customers --tree", "Name CompanyName Phone TotalBalance IsActive"},
+        ColumnsCase{"ClassTableDefault", "Classes", "FullName IsActive"},
+        ColumnsCase{"TermsOfTwoKindsShowBothSetsActiveLast", "Terms",
+                    "Name Class DayOfMonthDue DueNextMonthDays DiscountDayOfMonth DiscountPercent DueDays DiscountDays "
+                    "IsActive"},
+        ColumnsCase{"ChosenInAnyCaseInTheGivenOrder", "Classes --columns isactive,NAME", "IsActive Name"},
+        ColumnsCase{"ClassNamesTheRecordsClass", "Terms --columns Name,class --format csv", "Name,Class"},
+        ColumnsCase{"CsvKeepsEveryProperty", "Classes --format csv",
+                    "ListID,TimeCreated,TimeModified,EditSequence,Name,FullName,IsActive,Parent,Sublevel"},
+        ColumnsCase{"CsvTakesTheChosenColumns", "Customers --format csv --columns Name,TotalBalance",
+                    "Name,TotalBalance"}),
+    [](const auto& info) { return std::string(info.param.name); });
+
+TEST_F(ListCommand, TableShowsMoneyWithTwoDecimals) {
+  CommandRun table = Tessaron("list Customers --columns Name,TotalBalance" + Company());
+  CommandRun csv = Tessaron("list Customers --columns Name,TotalBalance --format csv" + Company());
+  ASSERT_EQ(table.status, 0) << table.out;
+  // Every balance cell of the table ends in a point and two digits; CSV keeps the plain text.
+  size_t line = table.out.find('\n', table.out.find('\n') + 1);
+  int rows = 0;
+  while (line != std::string::npos && line + 1 < table.out.size()) {
+    const size_t end = table.out.find('\n', line + 1);
+    const std::string row = table.out.substr(line + 1, end - line - 1);
+    ASSERT_GE(row.size(), 3u);
+    EXPECT_EQ(row[row.size() - 3], '.') << row;
+    ++rows;
+    line = end;
+  }
+  EXPECT_GT(rows, 0);
+  EXPECT_NE(csv.out.find(",0\r\n"), std::string::npos) << csv.out;
+}
+
+TEST_F(ListCommand, UnknownColumnFailsListingTheKnownNames) {
+  CommandRun run = Tessaron("list Classes --columns Name,Colour" + Company());
+  EXPECT_NE(run.status, 0);
+  EXPECT_NE(run.out.find("Colour"), std::string::npos) << run.out;
+  EXPECT_NE(run.out.find("FullName, IsActive"), std::string::npos) << run.out;
+}
+
 }  // namespace
 }  // namespace tessaron
