@@ -41,7 +41,7 @@ std::string PersonalDataAllowed(const RecordRow&, RequestContext& ctx) {
 constexpr Field kAccounting[] = {V("IsUsingAccountNumbers", VT::Bool), V("IsRequiringAccounts", VT::Bool),
                                  V("IsUsingClassTracking", VT::Bool), V("IsUsingAuditTrail", VT::Bool),
                                  V("IsAssigningJournalEntryNumbers", VT::Bool), V("ClosingDate", VT::Date)};
-constexpr Field kFinanceCharge[] = {V("AnnualInterestRate", VT::Decimal), V("MinFinanceCharge", VT::Amount),
+constexpr Field kFinanceCharge[] = {V("AnnualInterestRate", VT::Percent), V("MinFinanceCharge", VT::Amount),
                                     V("GracePeriod", VT::Integer), R("FinanceChargeAccountRef", kAny),
                                     V("IsAssessingForOverdueCharges", VT::Bool), E("CalculateChargesFrom", kChargesFrom),
                                     V("IsMarkedToBePrinted", VT::Bool)};
@@ -52,7 +52,7 @@ constexpr Field kPurchasesAndVendors[] = {V("IsUsingInventory", VT::Bool), V("Da
                                           R("DefaultDiscountAccountRef", kAny)};
 constexpr Field kReports[] = {E("AgingReportBasis", kAgingBasis), E("SummaryReportBasis", kSummaryBasis)};
 constexpr Field kSalesAndCustomers[] = {R("DefaultShipMethodRef", kAny), V("DefaultFOB"),
-                                        V("DefaultMarkup", VT::Decimal),
+                                        V("DefaultMarkup", VT::Percent),
                                         V("IsTrackingReimbursedExpensesAsIncome", VT::Bool),
                                         V("IsAutoApplyingPayments", VT::Bool)};
 constexpr Field kSalesTax[] = {R("DefaultItemSalesTaxRef", kAny), E("PaySalesTax", kPaySalesTax),

@@ -106,11 +106,11 @@ constexpr Field kCreditCardFields[] = {
     V("NameOnCard").Max(41), V("CreditCardAddress").Max(41), V("CreditCardPostalCode").Max(41)};
 
 constexpr Field kSalesOrPurchase[] = {
-    V("Desc").Max(4095), V("Price", VT::Decimal).Choice(1), V("PricePercent", VT::Decimal).Choice(1),
+    V("Desc").Max(4095), V("Price", VT::Price).Choice(1), V("PricePercent", VT::Percent).Choice(1),
     R("AccountRef", kAccount)};
 constexpr Field kSalesAndPurchase[] = {
-    V("SalesDesc").Max(4095), V("SalesPrice", VT::Decimal), R("IncomeAccountRef", kAccount),
-    V("PurchaseDesc").Max(4095), V("PurchaseCost", VT::Decimal), R("ExpenseAccountRef", kAccount),
+    V("SalesDesc").Max(4095), V("SalesPrice", VT::Price), R("IncomeAccountRef", kAccount),
+    V("PurchaseDesc").Max(4095), V("PurchaseCost", VT::Price), R("ExpenseAccountRef", kAccount),
     R("PrefVendorRef", kVendor)};
 constexpr Field SalesOrPurchase() { return G("SalesOrPurchase", kSalesOrPurchase).ModTag("SalesOrPurchaseMod").Choice(9); }
 constexpr Field SalesAndPurchase() {
@@ -139,11 +139,11 @@ constexpr Field kTemplateFields[] = {kListID, kTimeCreated, kTimeModified, kEdit
                                      E("TemplateType", kTemplateTypes)};
 constexpr Field kStandardTermsFields[] = {kListID, kTimeCreated, kTimeModified, kEditSequence, kName, kIsActive,
                                           V("StdDueDays", VT::Integer), V("StdDiscountDays", VT::Integer),
-                                          V("DiscountPct", VT::Decimal)};
+                                          V("DiscountPct", VT::Percent)};
 constexpr Field kDateDrivenTermsFields[] = {kListID, kTimeCreated, kTimeModified, kEditSequence, kName, kIsActive,
                                             V("DayOfMonthDue", VT::Integer).Required(),
                                             V("DueNextMonthDays", VT::Integer), V("DiscountDayOfMonth", VT::Integer),
-                                            V("DiscountPct", VT::Decimal)};
+                                            V("DiscountPct", VT::Percent)};
 
 // ---- Account ----
 constexpr Field kTaxLineInfo[] = {V("TaxLineID", VT::Integer), V("TaxLineName")};
@@ -196,8 +196,8 @@ constexpr Field kOtherNameFields[] = {
     // The library's add carries these as it does for vendors; the record has no place for them.
     V("Suffix").Only(kInAdd), V("Mobile").Only(kInAdd), V("Pager").Only(kInAdd)};
 
-constexpr Field kEarningsFields[] = {R("PayrollItemWageRef", kPayrollItemWage), V("Rate", VT::Decimal).Choice(1),
-                                     V("RatePercent", VT::Decimal).Choice(1)};
+constexpr Field kEarningsFields[] = {R("PayrollItemWageRef", kPayrollItemWage), V("Rate", VT::Price).Choice(1),
+                                     V("RatePercent", VT::Percent).Choice(1)};
 constexpr Field kHoursFields[] = {V("HoursAvailable"), E("AccrualPeriod", kAccrualPeriods), V("HoursAccrued"),
                                   V("MaximumHours"), V("IsResettingHoursEachNewYear", VT::Bool),
                                   V("HoursUsed"), V("AccrualStartDate", VT::Date)};
@@ -239,26 +239,26 @@ constexpr Field kItemOtherChargeFields[] = {
 constexpr Field kItemInventoryFields[] = {
     kListID, kTimeCreated, kTimeModified, kEditSequence, kName, kFullName, kIsActive, R("ClassRef", kClass),
     kParentRef, kSublevel, V("ManufacturerPartNumber").Max(31), R("SalesTaxCodeRef", kSalesTaxCode),
-    V("SalesDesc").Max(4095), V("SalesPrice", VT::Decimal), R("IncomeAccountRef", kAccount).Required(),
-    V("PurchaseDesc").Max(4095), V("PurchaseCost", VT::Decimal), R("COGSAccountRef", kAccount).Required(),
-    R("PrefVendorRef", kVendor), R("AssetAccountRef", kAccount).Required(), V("ReorderPoint", VT::Decimal),
-    V("QuantityOnHand", VT::Decimal).Only(kInAdd | kInRet), C("QuantityOnOrder", NoQuantity),
+    V("SalesDesc").Max(4095), V("SalesPrice", VT::Price), R("IncomeAccountRef", kAccount).Required(),
+    V("PurchaseDesc").Max(4095), V("PurchaseCost", VT::Price), R("COGSAccountRef", kAccount).Required(),
+    R("PrefVendorRef", kVendor), R("AssetAccountRef", kAccount).Required(), V("ReorderPoint", VT::Quantity),
+    V("QuantityOnHand", VT::Quantity).Only(kInAdd | kInRet), C("QuantityOnOrder", NoQuantity),
     C("QuantityOnSalesOrder", NoQuantity), V("TotalValue", VT::Amount).Only(kInAdd),
     V("InventoryDate", VT::Date).Only(kInAdd)};
-constexpr Field kAssemblyLineFields[] = {R("ItemInventoryRef", kItemInventory), V("Quantity", VT::Decimal)};
+constexpr Field kAssemblyLineFields[] = {R("ItemInventoryRef", kItemInventory), V("Quantity", VT::Quantity)};
 constexpr Field kItemAssemblyFields[] = {
     kListID, kTimeCreated, kTimeModified, kEditSequence, kName, kFullName, kIsActive, R("ClassRef", kClass),
     kParentRef, kSublevel, V("ManufacturerPartNumber").Max(31), R("SalesTaxCodeRef", kSalesTaxCode),
-    V("SalesDesc").Max(4095), V("SalesPrice", VT::Decimal), R("IncomeAccountRef", kAccount).Required(),
-    V("PurchaseDesc").Max(4095), V("PurchaseCost", VT::Decimal), R("COGSAccountRef", kAccount).Required(),
-    R("PrefVendorRef", kVendor), R("AssetAccountRef", kAccount).Required(), V("BuildPoint", VT::Decimal),
-    V("QuantityOnHand", VT::Decimal).Only(kInAdd | kInRet), C("QuantityOnOrder", NoQuantity),
+    V("SalesDesc").Max(4095), V("SalesPrice", VT::Price), R("IncomeAccountRef", kAccount).Required(),
+    V("PurchaseDesc").Max(4095), V("PurchaseCost", VT::Price), R("COGSAccountRef", kAccount).Required(),
+    R("PrefVendorRef", kVendor), R("AssetAccountRef", kAccount).Required(), V("BuildPoint", VT::Quantity),
+    V("QuantityOnHand", VT::Quantity).Only(kInAdd | kInRet), C("QuantityOnOrder", NoQuantity),
     C("QuantityOnSalesOrder", NoQuantity), RG("ItemInventoryAssemblyLine", kAssemblyLineFields),
     V("TotalValue", VT::Amount).Only(kInAdd), V("InventoryDate", VT::Date).Only(kInAdd)};
 constexpr Field kItemFixedAssetFields[] = {
     kListID, kTimeCreated, kTimeModified, kEditSequence, kName, kIsActive, R("ClassRef", kClass),
     E("AcquiredAs", kAcquiredAs).Required(), V("PurchaseDesc").Max(4095).Required(),
-    V("PurchaseDate", VT::Date).Required(), V("PurchaseCost", VT::Decimal), V("VendorOrPayeeName").Max(50),
+    V("PurchaseDate", VT::Date).Required(), V("PurchaseCost", VT::Price), V("VendorOrPayeeName").Max(50),
     R("AssetAccountRef", kAccount), V("AssetDesc").Max(50), V("Location").Max(50), V("PONumber").Max(30),
     V("SerialNumber").Max(30), V("WarrantyExpDate", VT::Date), V("Notes").Max(4095), V("AssetNumber").Max(10),
     V("CostBasis", VT::Amount), V("YearEndAccumulatedDepreciation", VT::Amount),
@@ -268,17 +268,17 @@ constexpr Field kItemSubtotalFields[] = {kListID, kTimeCreated, kTimeModified, k
 constexpr Field kItemDiscountFields[] = {
     kListID, kTimeCreated, kTimeModified, kEditSequence, kName, kFullName, kIsActive, R("ClassRef", kClass),
     kParentRef, kSublevel, V("ItemDesc").Max(4095), R("SalesTaxCodeRef", kSalesTaxCode),
-    V("DiscountRate", VT::Decimal).Choice(1), V("DiscountRatePercent", VT::Decimal).Choice(1),
+    V("DiscountRate", VT::Price).Choice(1), V("DiscountRatePercent", VT::Percent).Choice(1),
     R("AccountRef", kAccount)};
 constexpr Field kItemPaymentFields[] = {kListID, kTimeCreated, kTimeModified, kEditSequence, kName, kIsActive,
                                         R("ClassRef", kClass), V("ItemDesc").Max(4095),
                                         R("DepositToAccountRef", kAccount), R("PaymentMethodRef", kPaymentMethod)};
 constexpr Field kItemSalesTaxFields[] = {kListID, kTimeCreated, kTimeModified, kEditSequence, kName, kIsActive,
-                                         R("ClassRef", kClass), V("ItemDesc").Max(4095), V("TaxRate", VT::Decimal),
+                                         R("ClassRef", kClass), V("ItemDesc").Max(4095), V("TaxRate", VT::Percent),
                                          R("TaxVendorRef", kVendor)};
 constexpr Field kItemSalesTaxGroupFields[] = {kListID, kTimeCreated, kTimeModified, kEditSequence, kName, kIsActive,
                                               V("ItemDesc").Max(4095), RR("ItemSalesTaxRef", kItemTaxOnly)};
-constexpr Field kItemGroupLineFields[] = {R("ItemRef", kItem), V("Quantity", VT::Decimal)};
+constexpr Field kItemGroupLineFields[] = {R("ItemRef", kItem), V("Quantity", VT::Quantity)};
 constexpr Field kItemGroupFields[] = {kListID, kTimeCreated, kTimeModified, kEditSequence, kName, kIsActive,
                                       V("ItemDesc").Max(4095), V("IsPrintItemsInGroup", VT::Bool),
                                       RG("ItemGroupLine", kItemGroupLineFields)};

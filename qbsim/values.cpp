@@ -9,9 +9,11 @@
 namespace tessaron::qbsim {
 namespace {
 
-std::optional<std::string> CanonicalDecimal(std::string_view text, bool twoDecimals) {
+enum class Decimals { Two, AtLeastTwo, AsNeeded };
+
+std::optional<std::string> CanonicalDecimal(std::string_view text, Decimals decimals, bool percent = false) {
   text = Trim(text);
-  if (!twoDecimals && !text.empty() && text.back() == '%') text = Trim(text.substr(0, text.size() - 1));
+  if (percent && !text.empty() && text.back() == '%') text = Trim(text.substr(0, text.size() - 1));
   // Digits, one point and a leading sign only: the thousands separators that the general
   // conversion takes have no place in a qbXML value.
   size_t digits = 0;
@@ -22,7 +24,11 @@ std::optional<std::string> CanonicalDecimal(std::string_view text, bool twoDecim
   }
   Currency v;
   if (digits == 0 || !Currency::TryParse(text, v)) return std::nullopt;
-  if (twoDecimals) return FormatCurrency(v.RoundHalfEven(2), "0.00");
+  switch (decimals) {
+    case Decimals::Two: return FormatCurrency(v.RoundHalfEven(2), "0.00");
+    case Decimals::AtLeastTwo: return FormatCurrency(v, "0.00##");
+    case Decimals::AsNeeded: break;
+  }
   return v.ToString();
 }
 
@@ -39,9 +45,13 @@ std::optional<std::string> Canonical(ValueType type, std::string_view text, std:
       if (t == "0" || EqualsIgnoreCase(t, "false")) return std::string("false");
       return std::nullopt;
     case ValueType::Amount:
-      return CanonicalDecimal(t, true);
-    case ValueType::Decimal:
-      return CanonicalDecimal(t, false);
+      return CanonicalDecimal(t, Decimals::Two);
+    case ValueType::Price:
+      return CanonicalDecimal(t, Decimals::AtLeastTwo);
+    case ValueType::Quantity:
+      return CanonicalDecimal(t, Decimals::AsNeeded);
+    case ValueType::Percent:
+      return CanonicalDecimal(t, Decimals::AtLeastTwo, true);
     case ValueType::Integer: {
       size_t i = (t[0] == '-' || t[0] == '+') ? 1 : 0;
       if (i == t.size()) return std::nullopt;

@@ -1,6 +1,7 @@
 // The value types of qbXML elements and the canonical text forms the company file keeps.
 // Requests arrive in the library's forms ("1"/"0", "0000012.5000", "None"); responses go
-// out in the forms the schema takes ("true", "12.5", "123.40").
+// out in the forms QuickBooks writes ("true", "2.5" for a quantity, "11.00" for a price,
+// "123.40" for an amount).
 #pragma once
 
 #include <optional>
@@ -14,7 +15,9 @@ enum class ValueType {
   Text,      // as it stands
   Bool,      // "true" / "false"
   Amount,    // two decimals: "-123.40"
-  Decimal,   // prices, rates, quantities, percentages: "12.5" (a trailing "%" is dropped)
+  Price,     // prices, costs and rates: two decimals or more as needed ("11.00", "12.125")
+  Quantity,  // quantities and stock points: no trailing zeros ("5", "2.5")
+  Percent,   // percentages: as prices ("7.50", "8.375"); a trailing "%" is dropped
   Integer,   // "42"
   Date,      // "yyyy-mm-dd"
   Enum,      // one of a fixed set of texts, matched without regard to case

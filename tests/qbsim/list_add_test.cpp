@@ -61,7 +61,7 @@ INSTANTIATE_TEST_SUITE_P(
         AddCase{"StandardTerms",
                 "<Name>Net 60</Name><IsActive>1</IsActive><StdDueDays>60</StdDueDays><StdDiscountDays>10</StdDiscountDays>"
                 "<DiscountPct>0000002.5000</DiscountPct>",
-                {{"StdDueDays", "60"}, {"DiscountPct", "2.5"}}},
+                {{"StdDueDays", "60"}, {"DiscountPct", "2.50"}}},
         AddCase{"DateDrivenTerms",
                 "<Name>End of month</Name><IsActive>1</IsActive><DayOfMonthDue>31</DayOfMonthDue>"
                 "<DueNextMonthDays>3</DueNextMonthDays>",
@@ -114,7 +114,7 @@ INSTANTIATE_TEST_SUITE_P(
                 "<Name>Polishing</Name><IsActive>1</IsActive><ParentRef><FullName>Labor</FullName></ParentRef>"
                 "<SalesTaxCodeRef><FullName>Non</FullName></SalesTaxCodeRef><SalesOrPurchase><Desc>Polish</Desc>"
                 "<Price>0000040.0000</Price><AccountRef><FullName>Services</FullName></AccountRef></SalesOrPurchase>",
-                {{"FullName", "Labor:Polishing"}, {"SalesOrPurchase/Price", "40"},
+                {{"FullName", "Labor:Polishing"}, {"SalesOrPurchase/Price", "40.00"},
                  {"SalesOrPurchase/AccountRef/FullName", "Services"}}},
         AddCase{"ItemNonInventory",
                 "<Name>Glue</Name><IsActive>1</IsActive><SalesAndPurchase><SalesDesc>Wood glue</SalesDesc>"
@@ -122,15 +122,15 @@ INSTANTIATE_TEST_SUITE_P(
                 "<PurchaseCost>0000004.2500</PurchaseCost><ExpenseAccountRef><FullName>Cost of Goods Sold</FullName>"
                 "</ExpenseAccountRef><PrefVendorRef><FullName>State Revenue Office</FullName></PrefVendorRef>"
                 "</SalesAndPurchase>",
-                {{"SalesAndPurchase/SalesPrice", "9.5"}, {"SalesAndPurchase/PurchaseCost", "4.25"}}},
+                {{"SalesAndPurchase/SalesPrice", "9.50"}, {"SalesAndPurchase/PurchaseCost", "4.25"}}},
         AddCase{"ItemOtherCharge",
                 "<Name>Rush Fee</Name><IsActive>1</IsActive><SalesOrPurchase><PricePercent>0000010.0000</PricePercent>"
                 "</SalesOrPurchase>",
-                {{"SalesOrPurchase/PricePercent", "10"}}},
+                {{"SalesOrPurchase/PricePercent", "10.00"}}},
         AddCase{"ItemDiscount",
                 "<Name>Loyalty</Name><IsActive>1</IsActive><ItemDesc>Loyalty discount</ItemDesc>"
                 "<DiscountRate>0000015.0000</DiscountRate><AccountRef><FullName>Discounts Given</FullName></AccountRef>",
-                {{"DiscountRate", "15"}, {"AccountRef/FullName", "Discounts Given"}}},
+                {{"DiscountRate", "15.00"}, {"AccountRef/FullName", "Discounts Given"}}},
         AddCase{"ItemPayment",
                 "<Name>Card Payment</Name><IsActive>1</IsActive><ItemDesc>Paid by card</ItemDesc>"
                 "<DepositToAccountRef><FullName>Checking</FullName></DepositToAccountRef>"
@@ -171,7 +171,7 @@ INSTANTIATE_TEST_SUITE_P(
         AddCase{"ItemFixedAsset",
                 "<Name>Planer</Name><IsActive>1</IsActive><AcquiredAs>New</AcquiredAs><PurchaseDesc>Thickness planer"
                 "</PurchaseDesc><PurchaseDate>2022-05-05</PurchaseDate><PurchaseCost>1200</PurchaseCost>",
-                {{"PurchaseDate", "2022-05-05"}, {"PurchaseCost", "1200"}}},
+                {{"PurchaseDate", "2022-05-05"}, {"PurchaseCost", "1200.00"}}},
         AddCase{"PayrollItemWage",
                 "<Name>Overtime</Name><IsActive>1</IsActive><WageType>HourlyOvertime</WageType>"
                 "<ExpenseAccountRef><FullName>Payroll Expenses</FullName></ExpenseAccountRef>",

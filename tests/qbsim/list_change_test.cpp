@@ -101,14 +101,14 @@ TEST_F(ListChangeTest, ARecordCannotMoveBelowItsOwnChild) {
 TEST_F(ListChangeTest, ItemPriceBlocksMergeAndSwitch) {
   Response r = Mod("ItemService", "Labor", "<Name>Labor</Name><SalesOrPurchaseMod><Price>70.00</Price></SalesOrPurchaseMod>");
   ASSERT_EQ(r.Status(), 0) << r.Message();
-  EXPECT_EQ(r.Value("ItemServiceRet/SalesOrPurchase/Price"), "70");
+  EXPECT_EQ(r.Value("ItemServiceRet/SalesOrPurchase/Price"), "70.00");
   EXPECT_EQ(r.Value("ItemServiceRet/SalesOrPurchase/AccountRef/FullName"), "Services");  // kept
   Response sw = Mod("ItemService", "Labor",
                     "<Name>Labor</Name><SalesAndPurchaseMod><SalesPrice>72.00</SalesPrice><PurchaseCost>30.00</PurchaseCost>"
                     "</SalesAndPurchaseMod>");
   ASSERT_EQ(sw.Status(), 0) << sw.Message();
   EXPECT_EQ(sw.Value("ItemServiceRet/SalesOrPurchase"), "<missing>");
-  EXPECT_EQ(sw.Value("ItemServiceRet/SalesAndPurchase/SalesPrice"), "72");
+  EXPECT_EQ(sw.Value("ItemServiceRet/SalesAndPurchase/SalesPrice"), "72.00");
 }
 
 TEST_F(ListChangeTest, ModifyOfARecordThatIsNotOnFileOrOfAnotherKindFails) {
