@@ -20,6 +20,7 @@
 #include "tessaron/company/preferences.h"
 #include "tessaron/foundation/enum_types.h"
 #include "tessaron/framework/lists.h"
+#include "tessaron/lists/account.h"
 #include "tessaron/lists/address.h"
 #include "tessaron/lists/class.h"
 #include "tessaron/lists/customer_message.h"
@@ -39,7 +40,6 @@ namespace tessaron {
 class qcErrors;
 class xmlBldr;
 // Not part of the library yet.
-class Accounts;
 class BillPayments;
 class Bills;
 class Checks;
@@ -99,7 +99,8 @@ class Company {
   qoEnumListObjectType ObjectType() const { return qoObjectTypeCompany; }
 
   // ---- What QuickBooks knows beside the record --------------------------------------------
-  // The first account of its type, found once by a query of the accounts.
+  // The full name of the first account of its type, found by a query of the accounts and
+  // kept once found (while there is none, each read asks again).
   std::string DefaultARAccount();
   std::string DefaultAPAccount();
   std::string DefaultBankAccount();
@@ -116,9 +117,11 @@ class Company {
   std::shared_ptr<DataExtensions> CompanyApplicationFields();
 
   // ---- The master collections ---------------------------------------------------------------
+  std::shared_ptr<tessaron::Accounts> Accounts() const { return accounts_; }
   std::shared_ptr<tessaron::Customers> Customers() const { return customers_; }
   std::shared_ptr<tessaron::Classes> Classes() const { return classes_; }
   std::shared_ptr<tessaron::SalesTaxCodes> SalesTaxCodes() const { return salesTaxCodes_; }
+  std::shared_ptr<tessaron::Items> Items();
   std::shared_ptr<tessaron::PaymentMethods> PaymentMethods() const { return paymentMethods_; }
   std::shared_ptr<tessaron::CustomerTypes> CustomerTypes() const { return customerTypes_; }
   std::shared_ptr<tessaron::Terms> Terms() const { return terms_; }
@@ -133,8 +136,6 @@ class Company {
   std::shared_ptr<tessaron::Templates> Templates();
 
   // Collections whose classes come later: each raises "not available" for now.
-  std::shared_ptr<tessaron::Accounts> Accounts();
-  std::shared_ptr<tessaron::Items> Items();
   std::shared_ptr<tessaron::Vendors> Vendors();
   std::shared_ptr<tessaron::OtherNames> OtherNames();
   std::shared_ptr<tessaron::Employees> Employees();
@@ -182,6 +183,7 @@ class Company {
 
  private:
   Date ActivityTime(long position);
+  std::string DefaultAccount(std::string& cache, qbEnumAccountType type);
 
   std::string name_;
   std::string legalName_;
@@ -204,6 +206,11 @@ class Company {
   std::shared_ptr<tessaron::Lists> lists_;
   std::shared_ptr<qcErrors> errors_;
 
+  std::string defaultARAccount_;
+  std::string defaultAPAccount_;
+  std::string defaultBankAccount_;
+
+  std::shared_ptr<tessaron::Accounts> accounts_;
   std::shared_ptr<tessaron::Customers> customers_;
   std::shared_ptr<tessaron::Classes> classes_;
   std::shared_ptr<tessaron::SalesTaxCodes> salesTaxCodes_;

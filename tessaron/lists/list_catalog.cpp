@@ -3,6 +3,7 @@
 #include <functional>
 #include <map>
 
+#include "tessaron/lists/account.h"
 #include "tessaron/lists/class.h"
 #include "tessaron/lists/customer_message.h"
 #include "tessaron/lists/customers.h"
@@ -27,6 +28,7 @@ Factory Make() {
 
 const std::map<std::string, Factory>& Catalog() {
   static const std::map<std::string, Factory> catalog = {
+      {"Accounts", Make<Accounts>()},
       {"Classes", Make<Classes>()},
       {"CustomerMessages", Make<CustomerMessages>()},
       {"CustomerTypes", Make<CustomerTypes>()},
