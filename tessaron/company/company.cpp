@@ -41,6 +41,7 @@ Company::Company()
   accounts_ = Master<tessaron::Accounts>(l, "Account");
   customers_ = Master<tessaron::Customers>(l, "Customer");
   salesTaxCodes_ = Master<tessaron::SalesTaxCodes>(l, "SalesTaxCode");
+  items_ = Master<tessaron::Items>(l, "Item");
   terms_ = Master<tessaron::Terms>(l, "Terms");
   salesReps_ = Master<tessaron::SalesReps>(l, "SalesRep");
   customerMessages_ = Master<tessaron::CustomerMessages>(l, "CustomerMessage");
@@ -182,7 +183,6 @@ int32_t Company::SetClearedStatus(int32_t ClearedStatus, const std::string& TxnI
 
 #define TESSARON_NOT_YET(Name) \
   std::shared_ptr<tessaron::Name> Company::Name() { NotAvailable(#Name); }
-TESSARON_NOT_YET(Items)
 TESSARON_NOT_YET(Vendors)
 TESSARON_NOT_YET(OtherNames)
 TESSARON_NOT_YET(Employees)

@@ -26,6 +26,7 @@
 #include "tessaron/lists/customer_message.h"
 #include "tessaron/lists/customers.h"
 #include "tessaron/lists/entities.h"
+#include "tessaron/lists/items.h"
 #include "tessaron/lists/sales_rep.h"
 #include "tessaron/lists/sales_tax_code.h"
 #include "tessaron/lists/ship_method.h"
@@ -54,7 +55,6 @@ class Estimates;
 class InventoryAdjustments;
 class Invoices;
 class ItemReceipts;
-class Items;
 class JournalEntries;
 class OtherNames;
 class PayrollItemNonWages;
@@ -121,7 +121,7 @@ class Company {
   std::shared_ptr<tessaron::Customers> Customers() const { return customers_; }
   std::shared_ptr<tessaron::Classes> Classes() const { return classes_; }
   std::shared_ptr<tessaron::SalesTaxCodes> SalesTaxCodes() const { return salesTaxCodes_; }
-  std::shared_ptr<tessaron::Items> Items();
+  std::shared_ptr<tessaron::Items> Items() const { return items_; }
   std::shared_ptr<tessaron::PaymentMethods> PaymentMethods() const { return paymentMethods_; }
   std::shared_ptr<tessaron::CustomerTypes> CustomerTypes() const { return customerTypes_; }
   std::shared_ptr<tessaron::Terms> Terms() const { return terms_; }
@@ -211,6 +211,7 @@ class Company {
   std::string defaultBankAccount_;
 
   std::shared_ptr<tessaron::Accounts> accounts_;
+  std::shared_ptr<tessaron::Items> items_;
   std::shared_ptr<tessaron::Customers> customers_;
   std::shared_ptr<tessaron::Classes> classes_;
   std::shared_ptr<tessaron::SalesTaxCodes> salesTaxCodes_;

@@ -8,6 +8,7 @@
 #include "tessaron/lists/customer_message.h"
 #include "tessaron/lists/customers.h"
 #include "tessaron/lists/entities.h"
+#include "tessaron/lists/items.h"
 #include "tessaron/lists/sales_rep.h"
 #include "tessaron/lists/sales_tax_code.h"
 #include "tessaron/lists/ship_method.h"
@@ -34,6 +35,7 @@ const std::map<std::string, Factory>& Catalog() {
       {"CustomerTypes", Make<CustomerTypes>()},
       {"Customers", Make<Customers>()},
       {"Entities", Make<Entities>()},
+      {"Items", Make<Items>()},
       {"JobTypes", Make<JobTypes>()},
       {"PaymentMethods", Make<PaymentMethods>()},
       {"SalesReps", Make<SalesReps>()},

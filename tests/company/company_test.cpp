@@ -164,7 +164,8 @@ TEST(CompanyLists, RegistryHandsOutTheMasterInstances) {
   EXPECT_TRUE(company->Customers()->IsMaster());
   EXPECT_TRUE(company->ToDoList()->IsMaster());
   EXPECT_FALSE(company->Templates()->IsMaster());
-  EXPECT_EQ(company->Lists()->Count(), 14);
+  EXPECT_EQ(company->Lists()->Count(), 15);
+  EXPECT_EQ(company->Lists()->Item(Variant("Item")), std::static_pointer_cast<qcList>(company->Items()));
   EXPECT_EQ(company->Lists()->Item(Variant("Account")), std::static_pointer_cast<qcList>(company->Accounts()));
 }
 
