@@ -39,8 +39,10 @@ Company::Company()
       lists_(std::make_shared<tessaron::Lists>()) {
   // Registered in the order of the list keys; the lists still to come keep their places.
   tessaron::Lists& l = *lists_;
+  accounts_ = Master<tessaron::Accounts>(l, "Account");
   customers_ = Master<tessaron::Customers>(l, "Customer");
   salesTaxCodes_ = Master<tessaron::SalesTaxCodes>(l, "SalesTaxCode");
+  items_ = Master<tessaron::Items>(l, "Item");
   terms_ = Master<tessaron::Terms>(l, "Terms");
   salesReps_ = Master<tessaron::SalesReps>(l, "SalesRep");
   customerMessages_ = Master<tessaron::CustomerMessages>(l, "CustomerMessage");
@@ -102,9 +104,16 @@ void Company::FromDom(const XmlNode& node) {
 
 // ---- Beside the record -------------------------------------------------------------------
 
-std::string Company::DefaultARAccount() { NotAvailable("DefaultARAccount"); }
-std::string Company::DefaultAPAccount() { NotAvailable("DefaultAPAccount"); }
-std::string Company::DefaultBankAccount() { NotAvailable("DefaultBankAccount"); }
+std::string Company::DefaultAccount(std::string& cache, qbEnumAccountType type) {
+  if (!cache.empty()) return cache;
+  tessaron::Accounts accounts;  // not the master: the query must not replace what the application holds
+  if (accounts.GetByAccountType(type) > 0) cache = accounts.Item(Variant(1))->FullName();
+  return cache;
+}
+
+std::string Company::DefaultARAccount() { return DefaultAccount(defaultARAccount_, qbAccountTypeAccountsReceivable); }
+std::string Company::DefaultAPAccount() { return DefaultAccount(defaultAPAccount_, qbAccountTypeAccountsPayable); }
+std::string Company::DefaultBankAccount() { return DefaultAccount(defaultBankAccount_, qbAccountTypeBank); }
 std::shared_ptr<DataExtensionDefinitions> Company::CustomFields() { NotAvailable("CustomFields"); }
 std::shared_ptr<DataExtensionDefinitions> Company::ApplicationFields() { NotAvailable("ApplicationFields"); }
 std::shared_ptr<DataExtensions> Company::CompanyApplicationFields() { NotAvailable("CompanyApplicationFields"); }
@@ -175,8 +184,6 @@ int32_t Company::SetClearedStatus(int32_t ClearedStatus, const std::string& TxnI
 
 #define TESSARON_NOT_YET(Name) \
   std::shared_ptr<tessaron::Name> Company::Name() { NotAvailable(#Name); }
-TESSARON_NOT_YET(Accounts)
-TESSARON_NOT_YET(Items)
 TESSARON_NOT_YET(Vendors)
 TESSARON_NOT_YET(OtherNames)
 TESSARON_NOT_YET(Employees)

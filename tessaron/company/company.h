@@ -20,11 +20,13 @@
 #include "tessaron/company/preferences.h"
 #include "tessaron/foundation/enum_types.h"
 #include "tessaron/framework/lists.h"
+#include "tessaron/lists/account.h"
 #include "tessaron/lists/address.h"
 #include "tessaron/lists/class.h"
 #include "tessaron/lists/customer_message.h"
 #include "tessaron/lists/customers.h"
 #include "tessaron/lists/entities.h"
+#include "tessaron/lists/items.h"
 #include "tessaron/lists/sales_rep.h"
 #include "tessaron/lists/sales_tax_code.h"
 #include "tessaron/lists/ship_method.h"
@@ -43,7 +45,6 @@ class ListObjectAccess;
 class qcErrors;
 class xmlBldr;
 // Not part of the library yet.
-class Accounts;
 class BillPayments;
 class Bills;
 class Checks;
@@ -58,7 +59,6 @@ class Estimates;
 class InventoryAdjustments;
 class Invoices;
 class ItemReceipts;
-class Items;
 class JournalEntries;
 class OtherNames;
 class PayrollItemNonWages;
@@ -103,7 +103,8 @@ class Company {
   qoEnumListObjectType ObjectType() const { return qoObjectTypeCompany; }
 
   // ---- What QuickBooks knows beside the record --------------------------------------------
-  // The first account of its type, found once by a query of the accounts.
+  // The full name of the first account of its type, found by a query of the accounts and
+  // kept once found (while there is none, each read asks again).
   std::string DefaultARAccount();
   std::string DefaultAPAccount();
   std::string DefaultBankAccount();
@@ -120,9 +121,11 @@ class Company {
   std::shared_ptr<DataExtensions> CompanyApplicationFields();
 
   // ---- The master collections ---------------------------------------------------------------
+  std::shared_ptr<tessaron::Accounts> Accounts() const { return accounts_; }
   std::shared_ptr<tessaron::Customers> Customers() const { return customers_; }
   std::shared_ptr<tessaron::Classes> Classes() const { return classes_; }
   std::shared_ptr<tessaron::SalesTaxCodes> SalesTaxCodes() const { return salesTaxCodes_; }
+  std::shared_ptr<tessaron::Items> Items() const { return items_; }
   std::shared_ptr<tessaron::PaymentMethods> PaymentMethods() const { return paymentMethods_; }
   std::shared_ptr<tessaron::CustomerTypes> CustomerTypes() const { return customerTypes_; }
   std::shared_ptr<tessaron::Terms> Terms() const { return terms_; }
@@ -137,8 +140,6 @@ class Company {
   std::shared_ptr<tessaron::Templates> Templates();
 
   // Collections whose classes come later: each raises "not available" for now.
-  std::shared_ptr<tessaron::Accounts> Accounts();
-  std::shared_ptr<tessaron::Items> Items();
   std::shared_ptr<tessaron::Vendors> Vendors();
   std::shared_ptr<tessaron::OtherNames> OtherNames();
   std::shared_ptr<tessaron::Employees> Employees();
@@ -186,6 +187,7 @@ class Company {
   friend class detail::ListObjectAccess;
   void FromDom(const XmlNode& node);
   Date ActivityTime(long position);
+  std::string DefaultAccount(std::string& cache, qbEnumAccountType type);
 
   std::string name_;
   std::string legalName_;
@@ -208,6 +210,12 @@ class Company {
   std::shared_ptr<tessaron::Lists> lists_;
   std::shared_ptr<qcErrors> errors_;
 
+  std::string defaultARAccount_;
+  std::string defaultAPAccount_;
+  std::string defaultBankAccount_;
+
+  std::shared_ptr<tessaron::Accounts> accounts_;
+  std::shared_ptr<tessaron::Items> items_;
   std::shared_ptr<tessaron::Customers> customers_;
   std::shared_ptr<tessaron::Classes> classes_;
   std::shared_ptr<tessaron::SalesTaxCodes> salesTaxCodes_;

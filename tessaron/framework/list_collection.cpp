@@ -190,7 +190,23 @@ void ListCollectionBase::Parse(const XmlNode& queryRs) {
 
 int32_t ListCollectionBase::GetByNameRange(const std::string& FromName, const std::string& ToName,
                                            int32_t MaxReturned, const std::string& sMDBPath) {
-  return RunQuery(info_.queryRequest, MaxReturned, sMDBPath, [&](xmlBldr& b) {
+  return NameRangeQuery(info_.queryRequest, FromName, ToName, MaxReturned, sMDBPath);
+}
+
+int32_t ListCollectionBase::GetByNameMatch(const std::string& MatchString, int32_t MatchType, int32_t MaxReturned,
+                                           const std::string& sMDBPath) {
+  return NameMatchQuery(info_.queryRequest, MatchString, MatchType, MaxReturned, sMDBPath);
+}
+
+int32_t ListCollectionBase::GetByDateSpan(Date FromDate, Date ToDate, int32_t MaxReturned,
+                                          const std::string& sMDBPath) {
+  return DateSpanQuery(info_.queryRequest, FromDate, ToDate, MaxReturned, sMDBPath);
+}
+
+int32_t ListCollectionBase::NameRangeQuery(const std::string& request, const std::string& FromName,
+                                           const std::string& ToName, int32_t MaxReturned,
+                                           const std::string& sMDBPath) {
+  return RunQuery(request, MaxReturned, sMDBPath, [&](xmlBldr& b) {
     b.OpenAggregateOnly("NameRangeFilter");
     b.CreateElement("FromName", FromName);
     b.CreateElement("ToName", ToName);
@@ -198,10 +214,10 @@ int32_t ListCollectionBase::GetByNameRange(const std::string& FromName, const st
   });
 }
 
-int32_t ListCollectionBase::GetByNameMatch(const std::string& MatchString, int32_t MatchType, int32_t MaxReturned,
-                                           const std::string& sMDBPath) {
+int32_t ListCollectionBase::NameMatchQuery(const std::string& request, const std::string& MatchString,
+                                           int32_t MatchType, int32_t MaxReturned, const std::string& sMDBPath) {
   const std::string& criterion = EnumCodeToXML(MatchType, qoeMatchType);
-  return RunQuery(info_.queryRequest, MaxReturned, sMDBPath, [&](xmlBldr& b) {
+  return RunQuery(request, MaxReturned, sMDBPath, [&](xmlBldr& b) {
     b.OpenAggregateOnly("NameFilter");
     b.CreateElement("MatchCriterion", criterion);
     b.CreateElement("Name", MatchString);
@@ -209,10 +225,10 @@ int32_t ListCollectionBase::GetByNameMatch(const std::string& MatchString, int32
   });
 }
 
-int32_t ListCollectionBase::GetByDateSpan(Date FromDate, Date ToDate, int32_t MaxReturned,
-                                          const std::string& sMDBPath) {
+int32_t ListCollectionBase::DateSpanQuery(const std::string& request, Date FromDate, Date ToDate,
+                                          int32_t MaxReturned, const std::string& sMDBPath) {
   // An end of 0 is left open: "None" is no date-time QuickBooks would take.
-  return RunQuery(info_.queryRequest, MaxReturned, sMDBPath, [&](xmlBldr& b) {
+  return RunQuery(request, MaxReturned, sMDBPath, [&](xmlBldr& b) {
     if (FromDate != 0) b.CreateElement("FromModifiedDate", DateTimeToText(FromDate));
     if (ToDate != 0) b.CreateElement("ToModifiedDate", DateTimeToText(ToDate));
   });

@@ -148,6 +148,14 @@ class ListCollectionBase : public qcList {
   // writes, then the data-extension owner; sent, then parsed or handed to the mirror.
   int32_t RunQuery(const std::string& request, int32_t MaxReturned, const std::string& sMDBPath,
                    const std::function<void(xmlBldr&)>& filter);
+  // The range, match and date queries under another request name (a kind of a list
+  // that holds several: "ItemServiceQueryRq").
+  int32_t NameRangeQuery(const std::string& request, const std::string& FromName, const std::string& ToName,
+                         int32_t MaxReturned, const std::string& sMDBPath);
+  int32_t NameMatchQuery(const std::string& request, const std::string& MatchString, int32_t MatchType,
+                         int32_t MaxReturned, const std::string& sMDBPath);
+  int32_t DateSpanQuery(const std::string& request, Date FromDate, Date ToDate, int32_t MaxReturned,
+                        const std::string& sMDBPath);
   // Deletes by hand-built ListDelRq; `delType` is the ListDelType text. `source` names
   // the raiser of a refusal.
   int32_t DeleteRecord(const std::string& ListID, bool bRemove, const std::string& delType, const char* source);

@@ -332,14 +332,16 @@ CheckDef ListObject::Common::NameCheck(size_t maxLength, uint32_t longCode, cons
                          longMessage);
 }
 
+std::shared_ptr<qcListObject> ListObject::Common::LookUpParent(ListObject& obj) {
+  const std::string parent = obj.Parent();
+  if (parent.empty()) return nullptr;
+  std::shared_ptr<qcList> list = CurrentListFor(obj.ClassInfo().listType);
+  return list->ItemExists(Variant(parent)) ? list->Item(Variant(parent)) : list->GetByFullName(parent);
+}
+
 CheckDef ListObject::Common::ParentCheck() {
   return check::Custom([](ListObject& obj, qcErrors& errors) {
-    const std::string parent = obj.Parent();
-    if (parent.empty()) return;
-    std::shared_ptr<qcList> list = CurrentListFor(obj.ClassInfo().listType);
-    std::shared_ptr<qcListObject> found =
-        list->ItemExists(Variant(parent)) ? list->Item(Variant(parent)) : list->GetByFullName(parent);
-    if (!found) errors.Add(err::kInvalidParent, "Parent", err::kInvalidParentText);
+    if (!obj.Parent().empty() && !LookUpParent(obj)) errors.Add(err::kInvalidParent, "Parent", err::kInvalidParentText);
   });
 }
 

@@ -124,6 +124,9 @@ class ListObject : public qcListObject {
     static CheckDef NameCheck(size_t maxLength, uint32_t longCode, const char* longMessage);
     // The parent must be in the master collection or on file (may send one query).
     static CheckDef ParentCheck();
+    // The parent record: from the master collection when loaded, else by one query; null
+    // when the object has no parent or the parent is not on file.
+    static std::shared_ptr<qcListObject> LookUpParent(ListObject& obj);
   };
 
 

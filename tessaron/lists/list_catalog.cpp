@@ -3,10 +3,12 @@
 #include <functional>
 #include <map>
 
+#include "tessaron/lists/account.h"
 #include "tessaron/lists/class.h"
 #include "tessaron/lists/customer_message.h"
 #include "tessaron/lists/customers.h"
 #include "tessaron/lists/entities.h"
+#include "tessaron/lists/items.h"
 #include "tessaron/lists/sales_rep.h"
 #include "tessaron/lists/sales_tax_code.h"
 #include "tessaron/lists/ship_method.h"
@@ -27,11 +29,13 @@ Factory Make() {
 
 const std::map<std::string, Factory>& Catalog() {
   static const std::map<std::string, Factory> catalog = {
+      {"Accounts", Make<Accounts>()},
       {"Classes", Make<Classes>()},
       {"CustomerMessages", Make<CustomerMessages>()},
       {"CustomerTypes", Make<CustomerTypes>()},
       {"Customers", Make<Customers>()},
       {"Entities", Make<Entities>()},
+      {"Items", Make<Items>()},
       {"JobTypes", Make<JobTypes>()},
       {"PaymentMethods", Make<PaymentMethods>()},
       {"SalesReps", Make<SalesReps>()},

@@ -164,16 +164,17 @@ TEST(CompanyLists, RegistryHandsOutTheMasterInstances) {
   EXPECT_TRUE(company->Customers()->IsMaster());
   EXPECT_TRUE(company->ToDoList()->IsMaster());
   EXPECT_FALSE(company->Templates()->IsMaster());
-  EXPECT_EQ(company->Lists()->Count(), 13);
+  EXPECT_EQ(company->Lists()->Count(), 15);
+  EXPECT_EQ(company->Lists()->Item(Variant("Item")), std::static_pointer_cast<qcList>(company->Items()));
+  EXPECT_EQ(company->Lists()->Item(Variant("Account")), std::static_pointer_cast<qcList>(company->Accounts()));
 }
 
 TEST(CompanyLists, CollectionsStillToComeSayTheyAreNotAvailable) {
   CompanySession qb;
-  const auto e = testing::Raised([] { TessaronGlobals::Accounts(); });
+  const auto e = testing::Raised([] { TessaronGlobals::Vendors(); });
   ASSERT_TRUE(e);
   EXPECT_EQ(static_cast<uint32_t>(e->Number()), err::kFeatureNotSupported);
-  EXPECT_EQ(e->Description(), "Accounts is not available in this version of Tessaron.");
-  EXPECT_EQ(NumberRaised([&] { qb.company()->DefaultARAccount(); }), err::kFeatureNotSupported);
+  EXPECT_EQ(e->Description(), "Vendors is not available in this version of Tessaron.");
   EXPECT_EQ(NumberRaised([&] { qb.company()->Invoices(); }), err::kFeatureNotSupported);
 }
 

@@ -1,0 +1,92 @@
+// ItemObject: what every class of the item list shares beside the list-object contract: its
+// kind (ItemType), the qcItem answers of an item without a sales or purchase side, and the
+// rows and checks the item classes have in common (the parent, which must be an item of
+// the same kind, and the tax code).
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "tessaron/foundation/enum_codes.h"
+#include "tessaron/framework/list_object.h"
+#include "tessaron/lists/qc_item.h"
+
+namespace tessaron {
+
+class ItemObject : public ListObject, public qcItem {
+ public:
+  qbEnumItemType ItemType() const override { return itemType_; }
+
+  // The answers of an item with nothing to sell or buy; classes with a money side override.
+  std::string SalesDescription() const override { return {}; }
+  std::string PurchaseDescription() const override { return {}; }
+  bool SalesCostIsPercent() const override { return false; }
+  bool PurchaseCostIsPercent() const override { return false; }
+  Currency SalesCost() const override { return {}; }
+  Currency PurchaseCost() const override { return {}; }
+  std::string SalesTaxCode() const override { return {}; }
+  bool HasSalesAndPurchase() const override { return false; }
+  bool ContainsExpenseAccount() const override { return false; }
+
+  // One implementation for both interfaces.
+  const std::string& ListID() const override { return ListObject::ListID(); }
+  const std::string& Name() const override { return ListObject::Name(); }
+  std::string CollectionKey() const override { return ListObject::CollectionKey(); }
+  std::shared_ptr<qcErrors> Errors() override { return ListObject::Errors(); }
+  qoEnumObjectState ObjectState() const override { return ListObject::ObjectState(); }
+  // Sets the state as it stands, for callers that decide themselves what a commit sends.
+  void SetObjectState(qoEnumObjectState state) override { ListObject::SetObjectState(state); }
+  std::string Parent() const override { return ListObject::Parent(); }
+  std::shared_ptr<qcListObjectRefs> Children() override { return ListObject::Children(); }
+  std::string FullName() const override { return ListObject::FullName(); }
+  int16_t Sublevel() const override { return ListObject::Sublevel(); }
+  bool SupportsChildren() const override { return ListObject::SupportsChildren(); }
+  Variant FromDom(const XmlNode& obj) override { return ListObject::FromDom(obj); }
+  bool Validate() override { return ListObject::Validate(); }
+
+  // Rows and checks the item classes share.
+  struct Rows {
+    // The add writes the parent by FullName when set; the modify and the query form write
+    // it by the reference's own writer (ListID when known).
+    static FieldDef ParentRef();
+    // Name (add and modify), IsActive (add and modify), for the items QuickBooks can change.
+    static FieldDef Name() { return ListObject::Common::Name(Send::Always, Send::Always); }
+    static FieldDef IsActive() { return ListObject::Common::IsActive(Send::Always, Send::Always); }
+    // "ItemDesc", sent in the add when set and in the modify always.
+    template <class O>
+    static FieldDef ItemDesc(std::string O::*m) {
+      return field::Text("ItemDesc", m).Add(Send::IfSet).Mod(Send::Always).As("Description");
+    }
+    // A reference sent in the add when set and in the modify when set.
+    template <class O>
+    static FieldDef Ref(std::string_view tag, std::shared_ptr<qcListObjectRef> O::*m, qoEnumListType list) {
+      return field::Ref(tag, m, list).Add(Send::IfSet);
+    }
+  };
+  // The name (31 characters); the parent, which must resolve and be of this item's kind.
+  static CheckDef NameCheck();
+  static CheckDef ParentOfSameKindCheck();
+  // A tax code that names anything must resolve: 0x800403F7 under `field`.
+  static void CheckTaxCode(qcListObjectRef& ref, qcErrors& errors, const char* field = "SalesTaxCode");
+  // A reference must resolve: `code`, `message` under `field`; with `onlyIfSet`, an empty
+  // one passes.
+  static void CheckRef(qcListObjectRef& ref, qcErrors& errors, uint32_t code, const char* field,
+                       const char* message, bool onlyIfSet);
+
+ protected:
+  ItemObject(const ListClassInfo& info, qbEnumItemType itemType) : ListObject(info), itemType_(itemType) {}
+  // The class info of an item class: list type Items, keyed by full name; `tree` for the
+  // kinds that have parents.
+  static ListClassInfo ItemClass(const char* className, qoEnumListObjectType objectType, bool tree,
+                                 ModifyRule modify, const char* modifyMessage = "XMLModify not supported");
+  // Stores a reference's full name through the field rule.
+  void StoreRef(std::shared_ptr<qcListObjectRef>& ref, const std::string& value, bool readOnlyUnlessNew) {
+    CheckField(readOnlyUnlessNew);
+    ref->SetFullName(value);
+  }
+
+ private:
+  const qbEnumItemType itemType_;
+};
+
+}  // namespace tessaron
