@@ -197,6 +197,25 @@ Status CheckName(RequestContext& ctx, const ListKind& kind, const std::string& f
   return status::NameInUse(fullName);
 }
 
+// A sub-account has the type of its parent; an account with sub-accounts keeps its type,
+// for they have it too.
+Status CheckAccountType(RequestContext& ctx, const ListKind& kind, const ListRecord& rec, const FieldMap& body,
+                        const std::string& oldType) {
+  if (std::string_view(kind.name) != "Account") return status::Ok();
+  const std::string type(body.Get("AccountType"));
+  if (!rec.parentListId.empty()) {
+    if (auto parent = ctx.store.ByListId(rec.parentListId)) {
+      const std::string parentType(FieldMap::Decode(parent->body).Get("AccountType"));
+      if (parentType != type) return status::AccountTypeOfParent(type, parentType, parent->fullName);
+    }
+  }
+  if (!oldType.empty() && oldType != type && !rec.listId.empty()) {
+    auto children = ctx.store.Children(rec.listId);
+    if (!children.empty()) return status::AccountTypeOfParent(oldType, type, rec.fullName);
+  }
+  return status::Ok();
+}
+
 // An employee without a name is named after the person.
 std::string PersonName(const FieldMap& body) {
   std::string name;
@@ -242,6 +261,7 @@ Status Add(RequestContext& ctx, const ListKind& kind, const pugi::xml_node& requ
     rec.fullName = rec.name;
   }
   if (Status s = CheckName(ctx, kind, rec.fullName, ""); !s.Ok()) return s;
+  if (Status s = CheckAccountType(ctx, kind, rec, body, ""); !s.Ok()) return s;
 
   int64_t openBalance = 0;
   if (const std::string* ob = body.Find("OpenBalance")) openBalance = Currency::Parse(*ob).Raw();
@@ -284,6 +304,7 @@ Status Mod(RequestContext& ctx, const ListKind& kind, const pugi::xml_node& requ
   if (editSequence != rec.editSequence) return status::StaleEditSequence(editSequence);
 
   FieldMap body = FieldMap::Decode(rec.body);
+  const std::string oldType(body.Get("AccountType"));
   RecordReader reader(ctx, kind, kInMod);
   if (Status s = reader.Read(node, body); !s.Ok()) return s;
   if (reader.name) rec.name = *reader.name;
@@ -304,6 +325,7 @@ Status Mod(RequestContext& ctx, const ListKind& kind, const pugi::xml_node& requ
   else rec.sublevel = 0;
   if (rec.fullName != oldFullName)
     if (Status s = CheckName(ctx, kind, rec.fullName, rec.listId); !s.Ok()) return s;
+  if (Status s = CheckAccountType(ctx, kind, rec, body, oldType); !s.Ok()) return s;
 
   WriteScope scope(ctx.file);
   rec.editSequence = scope.NewEditSequence();

@@ -18,6 +18,37 @@ namespace {
 
 using Fields = std::vector<std::pair<std::string, std::string>>;
 
+// The field at a stored path ("SalesOrPurchase/Price", "ItemGroupLine#1/Quantity"), or null.
+const Field* FieldAt(std::span<const Field> fields, std::string_view path) {
+  for (;;) {
+    const size_t slash = path.find('/');
+    std::string_view tag = path.substr(0, slash);
+    tag = tag.substr(0, tag.find('#'));
+    const Field* found = nullptr;
+    for (const Field& f : fields)
+      if (tag == f.tag) found = &f;
+    if (!found || slash == std::string_view::npos) return found;
+    fields = found->children;
+    path = path.substr(slash + 1);
+  }
+}
+
+// Numbers in the form a request would have left them in ("65" is kept as the price "65.00").
+std::string_view StoredForm(const ListKind& k, const std::string& path, const std::string& value, std::string& buffer) {
+  const Field* f = FieldAt(k.fields, path);
+  if (!f || f->kind != FieldKind::Value) return value;
+  switch (f->type) {
+    case ValueType::Amount:
+    case ValueType::Price:
+    case ValueType::Quantity:
+    case ValueType::Percent:
+      if (auto text = Canonical(f->type, value)) return buffer = *text;
+      return value;
+    default:
+      return value;
+  }
+}
+
 // Adds records straight to the file: the generator knows its names are unique, so none of
 // the request-time checks run, and a hundred thousand customers take seconds.
 class Builder {
@@ -44,7 +75,7 @@ class Builder {
     r.timeCreated = r.timeModified = scope_.Timestamp();
     FieldMap body;
     for (const auto& [path, value] : fields)
-      if (!value.empty()) body.Set(path, value);
+      if (!value.empty()) body.Set(path, StoredForm(*k, path, value, buffer_));
     r.body = body.Encode();
     refs_.clear();
     CollectRefs(k->fields, body, refs_);
@@ -70,6 +101,7 @@ class Builder {
   std::map<std::string, Node> nodes_;
   std::map<std::string, std::string> ids_;
   std::vector<std::string> refs_;
+  std::string buffer_;
 };
 
 std::string Amount(int64_t units) { return FormatCurrency(Currency(static_cast<int>(units)), "0.00"); }
@@ -248,6 +280,17 @@ void Fill(CompanyFile& file, const SampleOptions& o) {
                                    {"Standard Sales Receipt", "SalesReceipt"}})
     b.Add("Template", name, {{"TemplateType", type}});
 
+  // Payroll items, wage and non-wage; the employees are paid by the wage items.
+  const std::string hourly =
+      b.Add("PayrollItemWage", "Hourly Wage", {{"WageType", "HourlyRegular"}, {"ExpenseAccountRef", acc.payroll}});
+  const std::string salary =
+      b.Add("PayrollItemWage", "Salary", {{"WageType", "SalaryRegular"}, {"ExpenseAccountRef", acc.payroll}});
+  b.Add("PayrollItemWage", "Sick Pay", {{"WageType", "HourlySick"}, {"ExpenseAccountRef", acc.payroll}});
+  b.Add("PayrollItemNonWage", "Health Insurance",
+        {{"NonWageType", "Deduction"}, {"LiabilityAccountRef", b.Id("Account", "Payroll Liabilities")}});
+  b.Add("PayrollItemNonWage", "Federal Withholding",
+        {{"NonWageType", "Tax"}, {"LiabilityAccountRef", b.Id("Account", "Payroll Liabilities")}});
+
   // People.
   std::vector<std::string> employees;
   for (int i = 0; i < 4; ++i) {
@@ -255,6 +298,9 @@ void Fill(CompanyFile& file, const SampleOptions& o) {
     Fields f = {{"FirstName", first}, {"LastName", last}, {"Phone", Phone(dice)}, {"EmployeeType", "Regular"},
                 {"HiredDate", "20" + std::to_string(10 + i) + "-03-01"}, {"SSN", "000-00-000" + std::to_string(i)}};
     AddAddress(f, "EmployeeAddress", dice, o.edition);
+    f.push_back({"EmployeePayrollInfo/PayPeriod", "Biweekly"});
+    f.push_back({"EmployeePayrollInfo/Earnings#0/PayrollItemWageRef", i == 0 ? salary : hourly});
+    f.push_back({"EmployeePayrollInfo/Earnings#0/Rate", i == 0 ? "52000" : std::to_string(22 + 2 * i)});
     employees.push_back(b.Add("Employee", first + " " + last, f));
   }
   b.Add("OtherName", "Petty Cash Holder", {{"FirstName", "Mira"}, {"LastName", "Holmquist"}});
@@ -263,10 +309,6 @@ void Fill(CompanyFile& file, const SampleOptions& o) {
                                    b.Add("SalesRep", "BH", {{"SalesRepEntityRef", employees[1]}})};
   b.Add("ToDo", "Order more cabinet hinges", {{"IsDone", "false"}, {"ReminderDate", "2024-06-03"}});
   b.Add("ToDo", "Call the timber supplier about the oak delivery", {{"IsDone", "true"}});
-  b.Add("PayrollItemWage", "Hourly Wage", {{"WageType", "HourlyRegular"}, {"ExpenseAccountRef", acc.payroll}});
-  b.Add("PayrollItemWage", "Salary", {{"WageType", "SalaryRegular"}, {"ExpenseAccountRef", acc.payroll}});
-  b.Add("PayrollItemNonWage", "Health Insurance",
-        {{"NonWageType", "Deduction"}, {"LiabilityAccountRef", b.Id("Account", "Payroll Liabilities")}});
 
   // Vendors: a fifth of the customers, at least a handful.
   const int vendorCount = std::max(6, o.customers / 5);
@@ -296,6 +338,7 @@ void Fill(CompanyFile& file, const SampleOptions& o) {
                      {"SalesAndPurchase/ExpenseAccountRef", acc.cogs}, {"SalesAndPurchase/PrefVendorRef", vendors[0]}};
   std::string hardwareId = b.Add("ItemNonInventory", "Hardware", hardware);
   b.Add("ItemNonInventory", "Finishing Oil", salesOrPurchase("Finishing oil, one litre", "18", acc.sales));
+  b.Add("ItemNonInventory", "Hinges", salesOrPurchase("Soft-close hinges, pair", "7.5", acc.sales), hardwareId);
   std::string delivery = b.Add("ItemOtherCharge", "Delivery", salesOrPurchase("Delivery charge", "45", acc.sales));
   b.Add("ItemOtherCharge", "Restocking Fee",
         {{"SalesOrPurchase/Desc", "Restocking fee"}, {"SalesOrPurchase/PricePercent", "15"},

@@ -57,6 +57,10 @@ Status ItemNameInUse(const std::string& kind, const std::string& name) {
   return {kItemNameInUse, "There was an error when saving a " + kind + " list, element " + Quote(name) +
                               ".  QuickBooks error message: The name of this list element is already in use."};
 }
+Status AccountTypeOfParent(const std::string& type, const std::string& parentType, const std::string& parent) {
+  return {kBadValue, "The account type " + Quote(type) + " in the field 'AccountType' is not the type of the parent account " +
+                         Quote(parent) + " (" + Quote(parentType) + "): a sub-account has the type of its parent."};
+}
 Status StaleEditSequence(const std::string& editSequence) {
   return {kStaleEditSequence, "The provided edit sequence " + Quote(editSequence) + " is out-of-date."};
 }

@@ -68,6 +68,8 @@ Status InvalidReference(const std::string& element, const std::string& value);
 Status InUse(const std::string& what, const std::string& why);
 Status ItemNameInUse(const std::string& kind, const std::string& name);
 Status StaleEditSequence(const std::string& editSequence);
+// A sub-account whose account type is not its parent's (3020, as any value that does not fit).
+Status AccountTypeOfParent(const std::string& type, const std::string& parentType, const std::string& parent);
 Status Refused(const std::string& why);
 Status NotSupported(const std::string& what);
 }  // namespace status
