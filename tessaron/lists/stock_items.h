@@ -99,6 +99,11 @@ class ItemAssembly final : public StockItem {
   void SetBuildPoint(Currency value) { Store(point_, value, false); }
   const std::shared_ptr<itemGroupLines>& Lines() const { return lines_; }
 
+  // The lines of the record replace those held.
+  Variant FromDom(const XmlNode& obj) override {
+    lines_->BeginRead();
+    return ItemObject::FromDom(obj);
+  }
   void ResetToNew() override;
   bool ModifyWhileClean() override { return lines_->Changed(); }
 
@@ -126,6 +131,11 @@ class ItemGroup final : public ItemObject {
 
   std::string SalesDescription() const override { return description_; }
 
+  // The lines of the record replace those held.
+  Variant FromDom(const XmlNode& obj) override {
+    lines_->BeginRead();
+    return ItemObject::FromDom(obj);
+  }
   void ResetToNew() override;
   bool ModifyWhileClean() override { return lines_->Changed(); }
 
