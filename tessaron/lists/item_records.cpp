@@ -196,6 +196,12 @@ void itemGroupLines::ReadRefLine(const XmlNode& node) {
   Append(line);
 }
 
+std::string itemGroupLines::Text() const {
+  std::string text;
+  for (const auto& line : lines_) text += (text.empty() ? "" : ", ") + line->Item() + " x " + line->Quantity().ToString();
+  return text;
+}
+
 void itemGroupLines::Write(xmlBldr& b, const char* lineTag, const char* refTag) const {
   for (const auto& line : lines_) {
     b.OpenAggregateOnly(lineTag);

@@ -171,6 +171,8 @@ class itemGroupLines {
   void ReadLine(const XmlNode& node, const char* refTag);
   // Reads a reference that is a whole line (quantity 1).
   void ReadRefLine(const XmlNode& node);
+  // "item x quantity, ...", for listings.
+  std::string Text() const;
   // One aggregate `lineTag` per line with the item under `refTag` (by full name) and the quantity.
   void Write(xmlBldr& b, const char* lineTag, const char* refTag) const;
 
