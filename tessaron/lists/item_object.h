@@ -9,7 +9,9 @@
 
 #include "tessaron/foundation/enum_codes.h"
 #include "tessaron/framework/list_object.h"
+#include "tessaron/lists/item_records.h"
 #include "tessaron/lists/qc_item.h"
+#include "tessaron/messaging/xml_bldr.h"
 
 namespace tessaron {
 
@@ -87,6 +89,47 @@ class ItemObject : public ListObject, public qcItem {
 
  private:
   const qbEnumItemType itemType_;
+};
+
+// A kind of item that holds lines (groups, assemblies): the lines of a record read replace
+// those held, and a stored item whose lines changed is sent again with all of them.
+// `T` names its lines' tags as T::kLineTag (the aggregate) and T::kRefTag (the item in it).
+template <class Base>
+class ItemWithLines : public Base {
+ public:
+  Variant FromDom(const XmlNode& obj) override {
+    lines_->BeginRead();
+    return Base::FromDom(obj);
+  }
+  void ResetToNew() override {
+    Base::ResetToNew();
+    lines_->SetChanged(true);
+  }
+  bool ModifyWhileClean() override { return lines_->Changed(); }
+
+ protected:
+  using Base::Base;
+  void AfterFromDom() override {
+    Base::AfterFromDom();
+    lines_->SetChanged(false);
+  }
+  // The row of the lines: all of them in an add; in a modify only when they changed, since
+  // they then replace the lines on file.
+  template <class T>
+  static FieldDef LinesRow(std::string_view property) {
+    return field::Custom(
+               T::kLineTag, [](ListObject& o, const XmlNode& n) { static_cast<T&>(o).lines_->ReadLine(n, T::kRefTag); },
+               [](ListObject& o, xmlBldr& b, WriteMode mode) {
+                 const itemGroupLines& lines = *static_cast<T&>(o).lines_;
+                 if (mode != WriteMode::Modify || lines.Changed()) lines.Write(b, T::kLineTag, T::kRefTag);
+               },
+               [](const ListObject& o) { return static_cast<const T&>(o).lines_->Text(); })
+        .Add(Send::Always)
+        .Mod(Send::Always)
+        .As(property);
+  }
+
+  std::shared_ptr<itemGroupLines> lines_ = std::make_shared<itemGroupLines>();
 };
 
 }  // namespace tessaron

@@ -180,6 +180,12 @@ void itemGroupLines::ReadLine(const XmlNode& node, const char* refTag) {
     if (c.baseName() == refTag) line->ItemRef()->ReadFromNode(c);
     else if (c.baseName() == "Quantity") line->SetQuantity(Number(c));
   }
+  Append(line);
+}
+
+void itemGroupLines::Append(const std::shared_ptr<itemGroupLine>& line) {
+  if (replaceOnRead_) lines_.clear();
+  replaceOnRead_ = false;
   line->SetChanged(false);
   lines_.push_back(line);
 }
@@ -187,8 +193,13 @@ void itemGroupLines::ReadLine(const XmlNode& node, const char* refTag) {
 void itemGroupLines::ReadRefLine(const XmlNode& node) {
   auto line = std::make_shared<itemGroupLine>();
   line->ItemRef()->ReadFromNode(node);
-  line->SetChanged(false);
-  lines_.push_back(line);
+  Append(line);
+}
+
+std::string itemGroupLines::Text() const {
+  std::string text;
+  for (const auto& line : lines_) text += (text.empty() ? "" : ", ") + line->Item() + " x " + line->Quantity().ToString();
+  return text;
 }
 
 void itemGroupLines::Write(xmlBldr& b, const char* lineTag, const char* refTag) const {

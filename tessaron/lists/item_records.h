@@ -164,16 +164,24 @@ class itemGroupLines {
   // send (a stored group then has to send them).
   bool Changed() const;
   void SetChanged(bool value);
+  // Called when the owner starts reading a record: the lines it holds give way to those of
+  // the record, if it has any.
+  void BeginRead() { replaceOnRead_ = true; }
   // Reads one line aggregate: the reference under `refTag`, and Quantity.
   void ReadLine(const XmlNode& node, const char* refTag);
   // Reads a reference that is a whole line (quantity 1).
   void ReadRefLine(const XmlNode& node);
+  // "item x quantity, ...", for listings.
+  std::string Text() const;
   // One aggregate `lineTag` per line with the item under `refTag` (by full name) and the quantity.
   void Write(xmlBldr& b, const char* lineTag, const char* refTag) const;
 
  private:
+  void Append(const std::shared_ptr<itemGroupLine>& line);
+
   std::vector<std::shared_ptr<itemGroupLine>> lines_;
   bool changed_ = false;
+  bool replaceOnRead_ = false;
 };
 
 // Writes a reference ListID first, else FullName, else nothing.

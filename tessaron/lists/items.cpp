@@ -41,6 +41,11 @@ std::string QueryName(int32_t itemType) {
   return std::string(kKindNames[itemType]) + "QueryRq";
 }
 
+template <class T>
+std::shared_ptr<ItemObject> Make() {
+  return std::make_shared<T>();
+}
+
 // Sublevel of a new item: the parts of its parent's full name.
 int16_t PartsOf(const std::string& parent) {
   if (parent.empty()) return 0;
@@ -56,18 +61,18 @@ Items::Items() : ListCollection<ItemObject>(Info()) {}
 
 std::shared_ptr<ListObject> Items::NewObject(const XmlNode& ret) {
   static const std::pair<std::string_view, std::shared_ptr<ItemObject> (*)()> kFactory[] = {
-      {"ItemServiceRet", [] -> std::shared_ptr<ItemObject> { return std::make_shared<ItemService>(); }},
-      {"ItemNonInventoryRet", [] -> std::shared_ptr<ItemObject> { return std::make_shared<ItemNonInventory>(); }},
-      {"ItemOtherChargeRet", [] -> std::shared_ptr<ItemObject> { return std::make_shared<ItemOtherCharge>(); }},
-      {"ItemInventoryRet", [] -> std::shared_ptr<ItemObject> { return std::make_shared<ItemInventory>(); }},
-      {"ItemSubtotalRet", [] -> std::shared_ptr<ItemObject> { return std::make_shared<ItemSubtotal>(); }},
-      {"ItemDiscountRet", [] -> std::shared_ptr<ItemObject> { return std::make_shared<ItemDiscount>(); }},
-      {"ItemPaymentRet", [] -> std::shared_ptr<ItemObject> { return std::make_shared<ItemPayment>(); }},
-      {"ItemSalesTaxRet", [] -> std::shared_ptr<ItemObject> { return std::make_shared<ItemSalesTax>(); }},
-      {"ItemSalesTaxGroupRet", [] -> std::shared_ptr<ItemObject> { return std::make_shared<ItemSalesTaxGroup>(); }},
-      {"ItemGroupRet", [] -> std::shared_ptr<ItemObject> { return std::make_shared<ItemGroup>(); }},
-      {"ItemInventoryAssemblyRet", [] -> std::shared_ptr<ItemObject> { return std::make_shared<ItemAssembly>(); }},
-      {"ItemFixedAssetRet", [] -> std::shared_ptr<ItemObject> { return std::make_shared<ItemFixedAsset>(); }},
+      {"ItemServiceRet", &Make<ItemService>},
+      {"ItemNonInventoryRet", &Make<ItemNonInventory>},
+      {"ItemOtherChargeRet", &Make<ItemOtherCharge>},
+      {"ItemInventoryRet", &Make<ItemInventory>},
+      {"ItemSubtotalRet", &Make<ItemSubtotal>},
+      {"ItemDiscountRet", &Make<ItemDiscount>},
+      {"ItemPaymentRet", &Make<ItemPayment>},
+      {"ItemSalesTaxRet", &Make<ItemSalesTax>},
+      {"ItemSalesTaxGroupRet", &Make<ItemSalesTaxGroup>},
+      {"ItemGroupRet", &Make<ItemGroup>},
+      {"ItemInventoryAssemblyRet", &Make<ItemAssembly>},
+      {"ItemFixedAssetRet", &Make<ItemFixedAsset>},
   };
   const std::string_view tag = ret.baseName();
   for (const auto& [name, make] : kFactory)

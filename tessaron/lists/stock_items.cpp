@@ -95,47 +95,14 @@ ItemInventory::ItemInventory()
 
 // ---- ItemAssembly --------------------------------------------------------------------------
 
-namespace {
-
-ItemAssembly& AsAssembly(ListObject& o) { return static_cast<ItemAssembly&>(o); }
-
-// The lines of a group or an assembly: all of them in an add; in a modify only when they
-// changed (they then replace the lines on file).
-void WriteLines(const itemGroupLines& lines, xmlBldr& b, WriteMode mode, const char* lineTag, const char* refTag) {
-  if (mode == WriteMode::Modify && !lines.Changed()) return;
-  lines.Write(b, lineTag, refTag);
-}
-
-std::string LinesText(const itemGroupLines& lines) {
-  std::string text;
-  for (const auto& line : lines) text += (text.empty() ? "" : ", ") + line->Item() + " x " + line->Quantity().ToString();
-  return text;
-}
-
-}  // namespace
-
 const ListClassInfo& ItemAssembly::Info() {
   static const ListClassInfo info = StockClass(
       "ItemAssembly", qoObjectTypeItemInventoryAssembly, "BuildPoint",
-      {field::Custom(
-           "ItemInventoryAssemblyLine",
-           [](ListObject& o, const XmlNode& n) { AsAssembly(o).lines_->ReadLine(n, "ItemInventoryRef"); },
-           [](ListObject& o, xmlBldr& b, WriteMode mode) {
-             WriteLines(*AsAssembly(o).lines_, b, mode, "ItemInventoryAssemblyLine", "ItemInventoryRef");
-           },
-           [](const ListObject& o) { return LinesText(*static_cast<const ItemAssembly&>(o).lines_); })
-           .Add(Send::Always)
-           .Mod(Send::Always)
-           .As("Lines")});
+      {LinesRow<ItemAssembly>("Lines")});
   return info;
 }
 
-ItemAssembly::ItemAssembly() : StockItem(Info(), qbItemAssembly), lines_(std::make_shared<itemGroupLines>()) {}
-
-void ItemAssembly::ResetToNew() {
-  ListObject::ResetToNew();
-  lines_->SetChanged(true);
-}
+ItemAssembly::ItemAssembly() : ItemWithLines<StockItem>(Info(), qbItemAssembly) {}
 
 // ---- ItemGroup -----------------------------------------------------------------------------
 
@@ -148,16 +115,7 @@ const ListClassInfo& ItemGroup::Info() {
         Rows::IsActive(),
         Rows::ItemDesc(&ItemGroup::description_),
         field::Boolean("IsPrintItemsInGroup", &ItemGroup::isPrintItemsInGroup_).Add(Send::Always).Mod(Send::Always),
-        field::Custom(
-            "ItemGroupLine",
-            [](ListObject& o, const XmlNode& n) { static_cast<ItemGroup&>(o).lines_->ReadLine(n, "ItemRef"); },
-            [](ListObject& o, xmlBldr& b, WriteMode mode) {
-              WriteLines(*static_cast<ItemGroup&>(o).lines_, b, mode, "ItemGroupLine", "ItemRef");
-            },
-            [](const ListObject& o) { return LinesText(*static_cast<const ItemGroup&>(o).lines_); })
-            .Add(Send::Always)
-            .Mod(Send::Always)
-            .As("GroupLines"),
+        LinesRow<ItemGroup>("GroupLines"),
         field::Dropped("DataExtRet"),
     });
     i.checks = {NameCheck()};
@@ -166,12 +124,7 @@ const ListClassInfo& ItemGroup::Info() {
   return info;
 }
 
-ItemGroup::ItemGroup() : ItemObject(Info(), qbItemGroup), lines_(std::make_shared<itemGroupLines>()) {}
-
-void ItemGroup::ResetToNew() {
-  ListObject::ResetToNew();
-  lines_->SetChanged(true);
-}
+ItemGroup::ItemGroup() : ItemWithLines<ItemObject>(Info(), qbItemGroup) {}
 
 // ---- ItemFixedAsset ------------------------------------------------------------------------
 

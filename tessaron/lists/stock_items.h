@@ -90,28 +90,24 @@ class ItemInventory final : public StockItem {
   void SetReorderPoint(Currency value) { Store(point_, value, false); }
 };
 
-// An assembly: its lines name the inventory parts (or assemblies) it is built from. A
-// stored assembly whose lines changed sends them all again.
-class ItemAssembly final : public StockItem {
+// An assembly: its lines name the inventory parts (or assemblies) it is built from.
+class ItemAssembly final : public ItemWithLines<StockItem> {
  public:
   ItemAssembly();
   Currency BuildPoint() const { return point_; }
   void SetBuildPoint(Currency value) { Store(point_, value, false); }
   const std::shared_ptr<itemGroupLines>& Lines() const { return lines_; }
 
-  void ResetToNew() override;
-  bool ModifyWhileClean() override { return lines_->Changed(); }
-
- protected:
-  void AfterFromDom() override { lines_->SetChanged(false); }
+  // The qbXML tags of its lines.
+  static constexpr const char* kLineTag = "ItemInventoryAssemblyLine";
+  static constexpr const char* kRefTag = "ItemInventoryRef";
 
  private:
   static const ListClassInfo& Info();
-  std::shared_ptr<itemGroupLines> lines_;
 };
 
-// Items sold together on one line. A stored group whose lines changed sends them all again.
-class ItemGroup final : public ItemObject {
+// Items sold together on one line.
+class ItemGroup final : public ItemWithLines<ItemObject> {
  public:
   ItemGroup();
 
@@ -126,18 +122,15 @@ class ItemGroup final : public ItemObject {
 
   std::string SalesDescription() const override { return description_; }
 
-  void ResetToNew() override;
-  bool ModifyWhileClean() override { return lines_->Changed(); }
-
- protected:
-  void AfterFromDom() override { lines_->SetChanged(false); }
+  // The qbXML tags of its lines.
+  static constexpr const char* kLineTag = "ItemGroupLine";
+  static constexpr const char* kRefTag = "ItemRef";
 
  private:
   static const ListClassInfo& Info();
 
   std::string description_;
   bool isPrintItemsInGroup_ = false;
-  std::shared_ptr<itemGroupLines> lines_;
 };
 
 // An asset of the business, bought to be used for more than a year. It needs a purchase

@@ -52,6 +52,12 @@ class ItemSalesTaxGroup final : public ItemObject, public qcItemTax {
   const std::string& Description() const { return description_; }
   void SetDescription(const std::string& value) { Store(description_, value, false); }
 
+  // The members of the record replace those held.
+  Variant FromDom(const XmlNode& obj) override {
+    lines_->BeginRead();
+    return ItemObject::FromDom(obj);
+  }
+
   bool IsGroup() const override { return true; }
   // The sum of the members' rates; each member is looked up (and may be queried).
   Currency TaxRate() override;

@@ -335,6 +335,22 @@ TEST_F(ItemsTest, TheGroupRateIsTheSumOfItsMembers) {
   EXPECT_TRUE(qb.processor().Requests().empty());
 }
 
+TEST_F(ItemsTest, ACommittedGroupHoldsTheLinesOfTheResponseOnce) {
+  auto kit = items->AddGroup("Kit");
+  kit->GroupLines()->Add("Hinge", Currency(2));
+  qb.Answer(Batch({ResponseElement(
+      "ItemGroupAddRs", 1, 0,
+      ItemRet("ItemGroup", "G1", "Kit",
+              "<ItemGroupLine><ItemRef><ListID>I1</ListID><FullName>Hinge</FullName></ItemRef>"
+              "<Quantity>2</Quantity></ItemGroupLine>"))}));
+  EXPECT_EQ(items->Commit(), 0);
+  ASSERT_EQ(kit->GroupLines()->Count(), 1);
+  EXPECT_EQ(kit->GroupLines()->Item(1)->ItemRef()->ListID(), "I1");
+  EXPECT_FALSE(kit->ModifyWhileClean());
+  kit->GroupLines()->Item(1)->SetQuantity(Currency(3));
+  EXPECT_TRUE(kit->ModifyWhileClean());
+}
+
 // ---- Queries, deletes and checks -----------------------------------------------------------
 
 TEST_F(ItemsTest, TheKindNamesTheQuery) {
