@@ -8,6 +8,7 @@
 #include "tessaron/foundation/error_numbers.h"
 #include "tessaron/foundation/values.h"
 #include "tessaron/platform/error.h"
+#include "tessaron/framework/detail/list_object_access.h"
 
 namespace tessaron {
 
@@ -144,7 +145,7 @@ void Preferences::ReadGroup(const XmlNode& group) {
           } else if constexpr (std::is_same_v<M, int16_t Preferences::*>) {
             this->*member = Int16Of(field.text());
           } else if constexpr (std::is_same_v<M, std::shared_ptr<qcListObjectRef> Preferences::*>) {
-            (this->*member)->ReadFromNode(field);
+            detail::ListObjectAccess::ReadFromNode(*(this->*member), field);
           } else {
             this->*member.member = EnumXMLToCode(field.text(), member.table);
           }

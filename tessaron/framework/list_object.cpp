@@ -11,6 +11,7 @@
 #include "tessaron/messaging/xml_bldr.h"
 #include "tessaron/platform/error.h"
 #include "tessaron/platform/text.h"
+#include "tessaron/framework/detail/list_object_access.h"
 
 namespace tessaron {
 
@@ -107,7 +108,7 @@ std::string ListObject::FullName() const {
 
 void ListObject::SetParentInternal(const std::string& parentFullName) {
   if (!parentRef_) parentRef_ = std::make_shared<qcListObjectRef>(info_.listType, true);
-  parentRef_->SetFullName(parentFullName);
+  detail::ListObjectAccess::SetFullName(*parentRef_, parentFullName);
 }
 
 // ---- The field rule --------------------------------------------------------------------
@@ -178,7 +179,7 @@ void ListObject::ReadRow(const FieldDef& row, const XmlNode& node) {
     case FieldKind::Ref: {
       auto& ref = At<std::shared_ptr<qcListObjectRef>>(*this, row.member);
       if (!ref) ref = std::make_shared<qcListObjectRef>(static_cast<qoEnumListType>(row.aux));
-      ref->ReadFromNode(node);
+      detail::ListObjectAccess::ReadFromNode(*ref, node);
       break;
     }
     case FieldKind::Enum:
@@ -238,7 +239,7 @@ void ListObject::WriteRows(xmlBldr& b, WriteMode mode) {
     if (row.kind == FieldKind::Ref) {
       auto& ref = At<std::shared_ptr<qcListObjectRef>>(*this, row.member);
       if (!ref) continue;
-      if (mode == WriteMode::QueryRs) ref->WriteQueryRs(b, ref->IsParent() ? std::string() : tag);
+      if (mode == WriteMode::QueryRs) detail::ListObjectAccess::WriteQueryRs(*ref, b, ref->IsParent() ? std::string() : tag);
       else WriteListRef(*ref, b, tag, how == Send::Forced, minVersion);
       continue;
     }

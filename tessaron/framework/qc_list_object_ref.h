@@ -16,7 +16,13 @@
 
 namespace tessaron {
 
+namespace detail {
+class ListObjectAccess;
+}
 class qcListObject;
+class qcListObjectRefs;
+class qcListObjectRef;
+std::shared_ptr<qcListObject> ResolveListRef(qcListObjectRef& ref);
 class xmlBldr;
 
 class qcListObjectRef {
@@ -35,22 +41,27 @@ class qcListObjectRef {
   Variant UserData() const { return userData_; }
   void SetUserData(const Variant& value) { userData_ = value; }
 
-  // Library-internal. The text setters drop the cached target, so a reference is never stale.
+  bool IsParent() const { return isParent_; }
+  // The cached target, without resolving.
+  const std::shared_ptr<qcListObject>& CachedObject() const { return cached_; }
+
+ private:
+  // Library-internal, through detail::ListObjectAccess (and the list's own helpers). The
+  // text setters drop the cached target, so a reference is never stale.
+  friend class detail::ListObjectAccess;
+  friend class qcListObjectRefs;
+  friend std::shared_ptr<qcListObject> ResolveListRef(qcListObjectRef& ref);
   void SetListID(const std::string& value);
   void SetFullName(const std::string& value);
   void SetList(qoEnumListType list) { list_ = list; }
   void SetIsParent(bool value) { isParent_ = value; }
-  bool IsParent() const { return isParent_; }
   // Reads a `...Ref` element: "ListID" and "FullName" children; others are skipped.
   void ReadFromNode(const XmlNode& node);
   // Writes the reference in query-response form: ListID when known, else FullName. An
   // empty tag means "ParentRef" for a parent reference, else the list's key + "Ref".
   void WriteQueryRs(xmlBldr& cxmlbldr, const std::string& tag = "");
-  // The cached target, without resolving.
-  const std::shared_ptr<qcListObject>& CachedObject() const { return cached_; }
   void SetCachedObject(std::shared_ptr<qcListObject> target) { cached_ = std::move(target); }
 
- private:
   qoEnumListType list_;
   std::string listID_;
   std::string fullName_;

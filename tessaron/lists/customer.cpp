@@ -215,7 +215,7 @@ Customer::Customer()
 void Customer::SetRef(std::shared_ptr<qcListObjectRef>& ref, const std::string& value, Currency minVersion) {
   CheckFieldFromVersion(minVersion);
   // Only the name changes: an old ListID stays, and the name wins when the reference is sent.
-  ref->SetFullName(value);
+  detail::ListObjectAccess::SetFullName(*ref, value);
 }
 
 void Customer::SetIsActive(bool value) { StoreFromVersion(isActive_, value, kV3); }
@@ -297,12 +297,12 @@ void Customer::Copy(Customer& FromCustomer) {
   companyName_ = f.CompanyName();
   contact_ = f.Contact();
   creditLimit_ = f.CreditLimit();
-  customerType_->SetFullName(f.CustomerType());
-  terms_->SetFullName(f.Terms());
-  salesRep_->SetFullName(f.SalesRep());
-  salesTaxCode_->SetFullName(f.SalesTaxCode());
-  salesTaxItem_->SetFullName(f.SalesTaxItem());
-  jobType_->SetFullName(f.JobType());
+  detail::ListObjectAccess::SetFullName(*customerType_, f.CustomerType());
+  detail::ListObjectAccess::SetFullName(*terms_, f.Terms());
+  detail::ListObjectAccess::SetFullName(*salesRep_, f.SalesRep());
+  detail::ListObjectAccess::SetFullName(*salesTaxCode_, f.SalesTaxCode());
+  detail::ListObjectAccess::SetFullName(*salesTaxItem_, f.SalesTaxItem());
+  detail::ListObjectAccess::SetFullName(*jobType_, f.JobType());
   email_ = f.Email();
   fax_ = f.Fax();
   firstName_ = f.FirstName();
@@ -327,7 +327,7 @@ void Customer::Copy(Customer& FromCustomer) {
   totalBalance_ = f.TotalBalance();
   userData_ = f.UserData();
   SetObjectState(f.ObjectState());
-  if (!f.PaymentMethod().empty() || paymentMethod_) PaymentMethodRef()->SetFullName(f.PaymentMethod());
+  if (!f.PaymentMethod().empty() || paymentMethod_) detail::ListObjectAccess::SetFullName(*PaymentMethodRef(), f.PaymentMethod());
 
   auto jobs = Jobs();
   for (long i = jobs->Count(); i >= 1; --i) jobs->Remove(Variant(static_cast<int64_t>(i)));

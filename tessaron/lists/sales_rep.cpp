@@ -28,7 +28,7 @@ SalesRep::SalesRep() : ListObject(Info()) {}
 void SalesRep::SetEntity(const std::string& value) {
   CheckField(true);
   if (!entityRef_) entityRef_ = std::make_shared<qcListObjectRef>(qoListSalesRep);
-  entityRef_->SetFullName(value);
+  detail::ListObjectAccess::SetFullName(*entityRef_, value);
 }
 
 void SalesRep::CheckEntity(ListObject& obj, qcErrors& errors) {

@@ -71,6 +71,14 @@ static_assert(!CanSetObjectState<Address> && !CanReadFromDom<Address>);
 static_assert(!CanSetObjectState<CreditCard> && !CanReadFromDom<CreditCard>);
 static_assert(!CanReadFromDom<Company>);
 static_assert(!CanSetMaster<Classes>);
+template <class T>
+concept CanSetFullName = requires(T& t) { t.SetFullName(std::string()); };
+template <class T>
+concept CanSetListID = requires(T& t) { t.SetListID(std::string()); };
+template <class T>
+concept CanReadFromNode = requires(T& t, const XmlNode& n) { t.ReadFromNode(n); };
+// A reference is rewired only by the setters of its owner, which run the field rule.
+static_assert(!CanSetFullName<qcListObjectRef> && !CanSetListID<qcListObjectRef> && !CanReadFromNode<qcListObjectRef>);
 // The list objects' own FromDom stays public: it is the common interface of every record.
 static_assert(CanReadFromDom<Class>);
 
@@ -83,6 +91,14 @@ TEST(InternalAccess, PublicSetterTurnsStoredCustomerDirty) {
   c->SetPhone("555-0100");
   EXPECT_EQ(c->ObjectState(), qoObjectStateDirty);
   EXPECT_EQ(c->Phone(), "555-0100");
+}
+
+TEST(InternalAccess, PublicReferenceSetterTurnsStoredCustomerDirty) {
+  testing::ListSession session("3.0");  // the version whose modify carries the terms
+  auto c = testing::ParsedCustomer(testing::CustomerRet("80-1", "Acme"));
+  c->SetTerms("Net 30");
+  EXPECT_EQ(c->ObjectState(), qoObjectStateDirty);
+  EXPECT_EQ(c->Terms(), "Net 30");
 }
 
 TEST(InternalAccess, AccessClassWritesWithoutTheFieldRule) {

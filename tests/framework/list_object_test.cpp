@@ -39,7 +39,7 @@ class Gadget final : public ListObject {
   void SetAltContact(const std::string& v) { SetIfChanged(altContact_, v, 0); }
   void SetTermsName(const std::string& v) {
     CheckFieldFromVersion(3);
-    termsRef_->SetFullName(v);
+    detail::ListObjectAccess::SetFullName(*termsRef_, v);
   }
   const std::string& Notes() const { return notes_; }
   Currency Opening() const { return opening_; }

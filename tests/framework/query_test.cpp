@@ -10,6 +10,7 @@
 #include "tessaron/lists/class.h"
 #include "tessaron/messaging/xml_bldr.h"
 #include "tests/support/list_session.h"
+#include "tessaron/framework/detail/list_object_access.h"
 
 namespace tessaron {
 namespace {
@@ -203,7 +204,7 @@ TEST_F(QueryTest, AddLinksTheChildToALoadedParentOnly) {
 
 TEST_F(QueryTest, ReferenceObjectQueriesOnceWhenTheRecordExists) {
   qcListObjectRef ref(qoListClasses);
-  ref.SetFullName("Sales");
+  detail::ListObjectAccess::SetFullName(ref, "Sales");
   qb.Answer(ScriptedProcessor::Response("ClassQueryRs", ClassRet("1-1", "Sales")));
   ASSERT_NE(ref.Object(), nullptr);
   ASSERT_NE(ref.Object(), nullptr);
@@ -212,7 +213,7 @@ TEST_F(QueryTest, ReferenceObjectQueriesOnceWhenTheRecordExists) {
 
 TEST_F(QueryTest, ReferenceObjectQueriesOnEachReadWhenTheRecordIsMissing) {
   qcListObjectRef ref(qoListClasses);
-  ref.SetFullName("Nobody");
+  detail::ListObjectAccess::SetFullName(ref, "Nobody");
   qb.Answer(ScriptedProcessor::Response("ClassQueryRs", "", 500, "not found"));
   qb.Answer(ScriptedProcessor::Response("ClassQueryRs", "", 500, "not found"));
   EXPECT_EQ(ref.Object(), nullptr);
@@ -222,7 +223,7 @@ TEST_F(QueryTest, ReferenceObjectQueriesOnEachReadWhenTheRecordIsMissing) {
 
 TEST_F(QueryTest, ReferenceWithOnlyAListIdResolvesOnlyThroughResolveListRef) {
   qcListObjectRef ref(qoListClasses);
-  ref.SetListID("1-1");
+  detail::ListObjectAccess::SetListID(ref, "1-1");
   EXPECT_EQ(ref.Object(), nullptr);
   qb.Answer(ScriptedProcessor::Response("ClassQueryRs", ClassRet("1-1", "Sales")));
   auto found = ResolveListRef(ref);
@@ -233,7 +234,7 @@ TEST_F(QueryTest, ReferenceWithOnlyAListIdResolvesOnlyThroughResolveListRef) {
 
 TEST_F(QueryTest, ResolveByFullNameFillsTheListId) {
   qcListObjectRef ref(qoListClasses);
-  ref.SetFullName("Sales");
+  detail::ListObjectAccess::SetFullName(ref, "Sales");
   qb.Answer(ScriptedProcessor::Response("ClassQueryRs", ClassRet("1-1", "Sales")));
   EXPECT_TRUE(IsListRefValid(ref));
   EXPECT_EQ(ref.ListID(), "1-1");
@@ -241,7 +242,7 @@ TEST_F(QueryTest, ResolveByFullNameFillsTheListId) {
 
 TEST_F(QueryTest, ReferenceToAListThatIsNotRegisteredRaises) {
   qcListObjectRef ref(qoListTerms);
-  ref.SetFullName("Net 30");
+  detail::ListObjectAccess::SetFullName(ref, "Net 30");
   EXPECT_THROW(ref.Object(), Error);
 }
 
@@ -255,8 +256,8 @@ class WriteListRefTest : public QueryTest, public ::testing::WithParamInterface<
 
 TEST_P(WriteListRefTest, WritesFullNameFirstThenListId) {
   qcListObjectRef ref(qoListTerms);
-  ref.SetFullName(GetParam().fullName);
-  ref.SetListID(GetParam().listId);
+  detail::ListObjectAccess::SetFullName(ref, GetParam().fullName);
+  detail::ListObjectAccess::SetListID(ref, GetParam().listId);
   xmlBldr b;
   WriteListRef(ref, b, "TermsRef", GetParam().force);
   EXPECT_EQ(b.GetXML().ToString(), GetParam().expected);
@@ -270,7 +271,7 @@ INSTANTIATE_TEST_SUITE_P(Refs, WriteListRefTest,
 
 TEST_F(QueryTest, WriteListRefBelowItsVersionWritesNothing) {
   qcListObjectRef ref(qoListTerms);
-  ref.SetFullName("Net 30");
+  detail::ListObjectAccess::SetFullName(ref, "Net 30");
   xmlBldr b;
   WriteListRef(ref, b, "TermsRef", false, Currency(3));
   EXPECT_EQ(b.GetXML().ToString(), "");

@@ -1,4 +1,6 @@
 // List queries: every filter, the key queries, the families that span several kinds.
+#include <algorithm>
+#include <cctype>
 #include <set>
 
 #include "tessaron/platform/date.h"
@@ -167,6 +169,30 @@ TEST_F(ListQueryTest, ItemQueryAnswersEveryKindAndFindsAnyKindByName) {
   EXPECT_STREQ(byName.Records().at(0).name(), "ItemServiceRet");
   Response one = Send("<ItemServiceQueryRq/>");
   for (pugi::xml_node rec : one.Records()) EXPECT_STREQ(rec.name(), "ItemServiceRet");
+}
+
+TEST_F(ListQueryTest, ItemQueryListsAllKindsInOneListOrderWithSubItemsBelowTheirParents) {
+  Response r = Send("<ItemQueryRq/>");
+  std::vector<std::string> names;
+  std::set<std::string> kindsSeen;
+  for (pugi::xml_node rec : r.Records()) {
+    // Items without a hierarchy answer no FullName: their Name is their full name.
+    const char* full = rec.child("FullName") ? rec.child_value("FullName") : rec.child_value("Name");
+    names.emplace_back(full);
+    kindsSeen.insert(rec.name());
+  }
+  ASSERT_GT(names.size(), 12u);
+  EXPECT_EQ(kindsSeen.size(), 12u);
+  // One order over every kind: the names compare without regard to case, and a sub-item
+  // follows its parent before any name that merely starts the same way.
+  auto key = [](std::string s) {
+    for (char& c : s) c = c == ':' ? '\x01' : static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+    return s;
+  };
+  for (size_t i = 1; i < names.size(); ++i) EXPECT_LT(key(names[i - 1]), key(names[i])) << names[i - 1] << " / " << names[i];
+  auto at = [&](const std::string& n) { return std::find(names.begin(), names.end(), n) - names.begin(); };
+  EXPECT_EQ(at("Hardware:Hinges"), at("Hardware") + 1);
+  EXPECT_EQ(at("Labor:Installation"), at("Labor") + 1);
 }
 
 TEST_F(ListQueryTest, TermsQueryAnswersBothKinds) {

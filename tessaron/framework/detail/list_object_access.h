@@ -59,6 +59,37 @@ class ListObjectAccess {
     list.SetMaster(value);
   }
 
+  // References (qcListObjectRef): the texts, the list, and the reading and writing of a
+  // `...Ref` element.
+  template <class R>
+  static void SetListID(R& ref, const std::string& value) {
+    ref.SetListID(value);
+  }
+  template <class R>
+  static void SetFullName(R& ref, const std::string& value) {
+    ref.SetFullName(value);
+  }
+  template <class R, class L>
+  static void SetList(R& ref, L list) {
+    ref.SetList(list);
+  }
+  template <class R>
+  static void SetIsParent(R& ref, bool value) {
+    ref.SetIsParent(value);
+  }
+  template <class R>
+  static void ReadFromNode(R& ref, const XmlNode& node) {
+    ref.ReadFromNode(node);
+  }
+  template <class R, class B>
+  static void WriteQueryRs(R& ref, B& cxmlbldr, const std::string& tag = "") {
+    ref.WriteQueryRs(cxmlbldr, tag);
+  }
+  template <class R, class T>
+  static void SetCachedObject(R& ref, T target) {
+    ref.SetCachedObject(std::move(target));
+  }
+
   // Internal setters of single classes, forwarded by name.
   template <class T, class... A>
   static void SetTermsInternal(T& obj, A&&... args) {
