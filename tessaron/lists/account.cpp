@@ -1,3 +1,4 @@
+#include "tessaron/framework/detail/list_object_access.h"
 #include "tessaron/lists/account.h"
 
 #include "tessaron/company/company.h"
@@ -157,9 +158,9 @@ std::shared_ptr<Account> Accounts::Add(const std::string& Name, qbEnumAccountTyp
                                        const std::string& Description, const std::string& BankNumber,
                                        Currency OpeningBalance, Date OpeningBalanceDate, bool IsActive) {
   return AddNew([&](Account& a) {
-    a.SetNameInternal(Name);
-    a.SetIsActiveInternal(IsActive);
-    a.SetParentInternal(ParentFullName);
+    detail::ListObjectAccess::SetNameInternal(a, Name);
+    detail::ListObjectAccess::SetIsActiveInternal(a, IsActive);
+    detail::ListObjectAccess::SetParentInternal(a, ParentFullName);
     a.SetAccountType(AccountType);
     a.SetNumber(Number);
     a.SetDescription(Description);

@@ -1,3 +1,4 @@
+#include "tessaron/framework/detail/list_object_access.h"
 #include "tessaron/lists/item_object.h"
 
 #include "tessaron/foundation/error_numbers.h"
@@ -16,10 +17,10 @@ ListClassInfo ItemObject::ItemClass(const char* className, qoEnumListObjectType 
 
 FieldDef ItemObject::Rows::ParentRef() {
   return field::Custom(
-             "ParentRef", [](ListObject& o, const XmlNode& n) { o.ParentRef()->ReadFromNode(n); },
+             "ParentRef", [](ListObject& o, const XmlNode& n) { detail::ListObjectAccess::ReadFromNode(*o.ParentRef(), n); },
              [](ListObject& o, xmlBldr& b, WriteMode mode) {
                if (mode == WriteMode::Add) WriteListRef(o.ParentRef(), b, "ParentRef");
-               else o.ParentRef()->WriteQueryRs(b);
+               else detail::ListObjectAccess::WriteQueryRs(*o.ParentRef(), b);
              },
              [](const ListObject& o) { return o.Parent(); })
       .Add(Send::Always)

@@ -7,6 +7,7 @@
 #include <memory>
 #include <string>
 
+#include "tessaron/framework/detail/list_object_access.h"
 #include "tessaron/foundation/enum_codes.h"
 #include "tessaron/framework/list_object.h"
 #include "tessaron/lists/item_records.h"
@@ -84,7 +85,7 @@ class ItemObject : public ListObject, public qcItem {
   // Stores a reference's full name through the field rule.
   void StoreRef(std::shared_ptr<qcListObjectRef>& ref, const std::string& value, bool readOnlyUnlessNew) {
     CheckField(readOnlyUnlessNew);
-    ref->SetFullName(value);
+    detail::ListObjectAccess::SetFullName(*ref, value);
   }
 
  private:

@@ -1,3 +1,4 @@
+#include "tessaron/framework/detail/list_object_access.h"
 #include "tessaron/lists/item_records.h"
 
 #include "tessaron/foundation/error_numbers.h"
@@ -60,7 +61,7 @@ void itemSalesOrPurchase::FromDom(const XmlNode& node) {
     else if (tag == "PricePercent") {
       amount_ = Number(c);
       amountIsPercent_ = true;
-    } else if (tag == "AccountRef") account_->ReadFromNode(c);
+    } else if (tag == "AccountRef") detail::ListObjectAccess::ReadFromNode(*account_, c);
     else NoteUnknownElement(tag, "itemSalesOrPurchase");
   }
 }
@@ -106,11 +107,11 @@ void itemSalesAndPurchase::FromDom(const XmlNode& node) {
     const std::string_view tag = c.baseName();
     if (tag == "SalesDesc") salesDescription_ = c.text();
     else if (tag == "SalesPrice") salesPrice_ = Number(c);
-    else if (tag == "IncomeAccountRef") incomeAccount_->ReadFromNode(c);
+    else if (tag == "IncomeAccountRef") detail::ListObjectAccess::ReadFromNode(*incomeAccount_, c);
     else if (tag == "PurchaseDesc") purchaseDescription_ = c.text();
     else if (tag == "PurchaseCost") purchaseCost_ = Number(c);
-    else if (tag == "ExpenseAccountRef") expenseAccount_->ReadFromNode(c);
-    else if (tag == "PrefVendorRef") vendor_->ReadFromNode(c);
+    else if (tag == "ExpenseAccountRef") detail::ListObjectAccess::ReadFromNode(*expenseAccount_, c);
+    else if (tag == "PrefVendorRef") detail::ListObjectAccess::ReadFromNode(*vendor_, c);
     else NoteUnknownElement(tag, "itemSalesAndPurchase");
   }
 }
@@ -144,8 +145,8 @@ itemGroupLine::itemGroupLine() : itemRef_(std::make_shared<qcListObjectRef>(qoLi
 std::shared_ptr<itemGroupLine> itemGroupLines::Add(const std::string& ItemFullName, Currency Quantity,
                                                    const std::string& ItemListID) {
   auto line = std::make_shared<itemGroupLine>();
-  line->ItemRef()->SetFullName(ItemFullName);
-  line->ItemRef()->SetListID(ItemListID);
+  detail::ListObjectAccess::SetFullName(*line->ItemRef(), ItemFullName);
+  detail::ListObjectAccess::SetListID(*line->ItemRef(), ItemListID);
   line->SetQuantity(Quantity);
   lines_.push_back(line);
   changed_ = true;
@@ -177,7 +178,7 @@ void itemGroupLines::SetChanged(bool value) {
 void itemGroupLines::ReadLine(const XmlNode& node, const char* refTag) {
   auto line = std::make_shared<itemGroupLine>();
   for (const XmlNode& c : node.childNodes()) {
-    if (c.baseName() == refTag) line->ItemRef()->ReadFromNode(c);
+    if (c.baseName() == refTag) detail::ListObjectAccess::ReadFromNode(*line->ItemRef(), c);
     else if (c.baseName() == "Quantity") line->SetQuantity(Number(c));
   }
   Append(line);
@@ -192,7 +193,7 @@ void itemGroupLines::Append(const std::shared_ptr<itemGroupLine>& line) {
 
 void itemGroupLines::ReadRefLine(const XmlNode& node) {
   auto line = std::make_shared<itemGroupLine>();
-  line->ItemRef()->ReadFromNode(node);
+  detail::ListObjectAccess::ReadFromNode(*line->ItemRef(), node);
   Append(line);
 }
 

@@ -12,6 +12,7 @@
 #include <string>
 #include <vector>
 
+#include "tessaron/framework/detail/list_object_access.h"
 #include "tessaron/foundation/enum_types.h"
 #include "tessaron/framework/qc_list_object_ref.h"
 #include "tessaron/platform/currency.h"
@@ -63,7 +64,7 @@ class itemSalesOrPurchase final : public ItemSubRecord {
   void SetAmountIsPercent(bool value) { Touch(); amountIsPercent_ = value; }
   // The account by full name.
   const std::string& Account() const { return account_->FullName(); }
-  void SetAccount(const std::string& value) { Touch(); account_->SetFullName(value); }
+  void SetAccount(const std::string& value) { Touch(); detail::ListObjectAccess::SetFullName(*account_, value); }
   const std::shared_ptr<qcListObjectRef>& AccountRef() const { return account_; }
 
   // The account must resolve: 0x800403F6, field "Account". A Clean record passes.
@@ -98,12 +99,12 @@ class itemSalesAndPurchase final : public ItemSubRecord {
   Currency PurchaseCost() const { return purchaseCost_; }
   void SetPurchaseCost(Currency value) { Touch(); purchaseCost_ = value; }
   const std::string& IncomeAccount() const { return incomeAccount_->FullName(); }
-  void SetIncomeAccount(const std::string& value) { Touch(); incomeAccount_->SetFullName(value); }
+  void SetIncomeAccount(const std::string& value) { Touch(); detail::ListObjectAccess::SetFullName(*incomeAccount_, value); }
   const std::string& ExpenseAccount() const { return expenseAccount_->FullName(); }
-  void SetExpenseAccount(const std::string& value) { Touch(); expenseAccount_->SetFullName(value); }
+  void SetExpenseAccount(const std::string& value) { Touch(); detail::ListObjectAccess::SetFullName(*expenseAccount_, value); }
   // The preferred vendor by full name.
   const std::string& Vendor() const { return vendor_->FullName(); }
-  void SetVendor(const std::string& value) { Touch(); vendor_->SetFullName(value); }
+  void SetVendor(const std::string& value) { Touch(); detail::ListObjectAccess::SetFullName(*vendor_, value); }
 
   // Both accounts must resolve (0x800403F6, fields "IncomeAccount", "ExpenseAccount"), and
   // the vendor when set (0x800403F8, "Vendor"). A Clean record passes.
@@ -133,7 +134,7 @@ class itemGroupLine {
 
   // The item by full name.
   const std::string& Item() const { return itemRef_->FullName(); }
-  void SetItem(const std::string& value) { changed_ = true; itemRef_->SetFullName(value); }
+  void SetItem(const std::string& value) { changed_ = true; detail::ListObjectAccess::SetFullName(*itemRef_, value); }
   const std::shared_ptr<qcListObjectRef>& ItemRef() const { return itemRef_; }
   Currency Quantity() const { return quantity_; }
   void SetQuantity(Currency value) { changed_ = true; quantity_ = value; }

@@ -1,3 +1,4 @@
+#include "tessaron/framework/detail/list_object_access.h"
 #include "tessaron/lists/items.h"
 
 #include <functional>
@@ -86,11 +87,11 @@ namespace {
 // Name, parent (with its sublevel) and the active flag of a new item.
 void Identify(ItemObject& item, const std::string& Name, const std::string& Parent, bool IsActive) {
   if (!Parent.empty()) {
-    item.SetParentInternal(Parent);
-    item.SetSublevelInternal(PartsOf(Parent));
+    detail::ListObjectAccess::SetParentInternal(item, Parent);
+    detail::ListObjectAccess::SetSublevelInternal(item, PartsOf(Parent));
   }
-  item.SetNameInternal(Name);
-  item.SetIsActiveInternal(IsActive);
+  detail::ListObjectAccess::SetNameInternal(item, Name);
+  detail::ListObjectAccess::SetIsActiveInternal(item, IsActive);
 }
 }  // namespace
 

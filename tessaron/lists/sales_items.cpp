@@ -1,3 +1,4 @@
+#include "tessaron/framework/detail/list_object_access.h"
 #include "tessaron/lists/sales_items.h"
 
 #include "tessaron/foundation/error_numbers.h"
@@ -204,7 +205,7 @@ const ListClassInfo& ItemPayment::Info() {
         // The deposit account goes by ListID when known.
         field::Custom(
             "DepositToAccountRef",
-            [](ListObject& o, const XmlNode& n) { static_cast<ItemPayment&>(o).depositToAccount_->ReadFromNode(n); },
+            [](ListObject& o, const XmlNode& n) { detail::ListObjectAccess::ReadFromNode(*static_cast<ItemPayment&>(o).depositToAccount_, n); },
             [](ListObject& o, xmlBldr& b, WriteMode) {
               WriteRefByListID(*static_cast<ItemPayment&>(o).depositToAccount_, b, "DepositToAccountRef");
             },

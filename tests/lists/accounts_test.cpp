@@ -4,6 +4,7 @@
 
 #include <string>
 
+#include "tessaron/framework/detail/list_object_access.h"
 #include "tessaron/company/company.h"
 #include "tessaron/foundation/error_numbers.h"
 #include "tessaron/foundation/qc_error.h"
@@ -39,7 +40,7 @@ class AccountsTest : public ::testing::Test {
     XmlDocument doc = XmlDocument::Create();
     doc.loadXML(std::string("<PreferencesRet><AccountingPreferences><IsUsingAccountNumbers>") +
                 (usingNumbers ? "true" : "false") + "</IsUsingAccountNumbers></AccountingPreferences></PreferencesRet>");
-    company->Preferences()->FromDom(doc.documentElement());
+    detail::ListObjectAccess::FromDom(*company->Preferences(), doc.documentElement());
     SetCurrentCompany(company);
     accounts = company->Accounts();
     qb.Answer(ScriptedProcessor::Response(

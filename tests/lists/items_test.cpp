@@ -7,6 +7,7 @@
 #include <functional>
 #include <string>
 
+#include "tessaron/framework/detail/list_object_access.h"
 #include "tessaron/connection/library_state.h"
 #include "tessaron/foundation/error_numbers.h"
 #include "tessaron/foundation/qc_error.h"
@@ -164,7 +165,7 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST_F(ItemsTest, SubRecordReferencesGoByListIDFirst) {
   auto labor = items->AddServiceWithSalesOrPurchase("Labor", "", "", Currency(65), "Services");
-  labor->SalesOrPurchase()->AccountRef()->SetListID("80000001-1");
+  detail::ListObjectAccess::SetListID(*labor->SalesOrPurchase()->AccountRef(), "80000001-1");
   labor->SalesOrPurchase()->SetAccount("Services");
   EXPECT_TRUE(Contains(Message(*labor, false), "<AccountRef><ListID>80000001-1</ListID></AccountRef>"));
 }
