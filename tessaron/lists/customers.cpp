@@ -29,15 +29,6 @@ const ListCollectionInfo& Info() {
   return info;
 }
 
-// Sublevel of a new job: the parts of its parent's full name.
-int16_t PartsOf(const std::string& parent) {
-  if (parent.empty()) return 0;
-  int16_t parts = 1;
-  for (char c : parent)
-    if (c == ':') ++parts;
-  return parts;
-}
-
 }  // namespace
 
 Customers::Customers() : ListCollection<Customer>(Info()) {}
@@ -60,7 +51,7 @@ std::shared_ptr<Customer> Customers::Add(
   return AddNew([&](Customer& c) {
     c.SetNameInternal(Name);
     c.SetParentInternal(Parent);
-    c.SetSublevelInternal(PartsOf(Parent));
+    c.SetSublevelInternal(SublevelUnder(Parent));
     c.SetCustomerType(CustomerType);
     c.SetTerms(Terms);
     c.SetSalesRep(SalesRep);

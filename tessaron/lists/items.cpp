@@ -46,15 +46,6 @@ std::shared_ptr<ItemObject> Make() {
   return std::make_shared<T>();
 }
 
-// Sublevel of a new item: the parts of its parent's full name.
-int16_t PartsOf(const std::string& parent) {
-  if (parent.empty()) return 0;
-  int16_t parts = 1;
-  for (char c : parent)
-    if (c == ':') ++parts;
-  return parts;
-}
-
 }  // namespace
 
 Items::Items() : ListCollection<ItemObject>(Info()) {}
@@ -87,7 +78,7 @@ namespace {
 void Identify(ItemObject& item, const std::string& Name, const std::string& Parent, bool IsActive) {
   if (!Parent.empty()) {
     item.SetParentInternal(Parent);
-    item.SetSublevelInternal(PartsOf(Parent));
+    item.SetSublevelInternal(SublevelUnder(Parent));
   }
   item.SetNameInternal(Name);
   item.SetIsActiveInternal(IsActive);
