@@ -81,6 +81,14 @@ std::string ValueText(const FieldDef& row, ListObject& obj, WriteMode mode) {
 
 }  // namespace
 
+int16_t SublevelUnder(const std::string& parentFullName) {
+  if (parentFullName.empty()) return 0;
+  int16_t parts = 1;
+  for (char c : parentFullName)
+    if (c == ':') ++parts;
+  return parts;
+}
+
 ListObject::ListObject(const ListClassInfo& info) : info_(info) {
   if (info_.supportsChildren) parentRef_ = std::make_shared<qcListObjectRef>(info_.listType, true);
 }

@@ -57,6 +57,10 @@ namespace detail {
 class ListObjectAccess;
 }
 
+// The depth of a new record under the parent of that full name: 0 at the top, else the
+// number of parts of the name ("A:B" gives 2).
+int16_t SublevelUnder(const std::string& parentFullName);
+
 class ListObject : public qcListObject {
  public:
   ~ListObject() override;

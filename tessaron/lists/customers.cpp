@@ -30,15 +30,6 @@ const ListCollectionInfo& Info() {
   return info;
 }
 
-// Sublevel of a new job: the parts of its parent's full name.
-int16_t PartsOf(const std::string& parent) {
-  if (parent.empty()) return 0;
-  int16_t parts = 1;
-  for (char c : parent)
-    if (c == ':') ++parts;
-  return parts;
-}
-
 }  // namespace
 
 Customers::Customers() : ListCollection<Customer>(Info()) {}
@@ -61,7 +52,7 @@ std::shared_ptr<Customer> Customers::Add(
   return AddNew([&](Customer& c) {
     detail::ListObjectAccess::SetNameInternal(c, Name);
     detail::ListObjectAccess::SetParentInternal(c, Parent);
-    detail::ListObjectAccess::SetSublevelInternal(c, PartsOf(Parent));
+    detail::ListObjectAccess::SetSublevelInternal(c, SublevelUnder(Parent));
     c.SetCustomerType(CustomerType);
     c.SetTerms(Terms);
     c.SetSalesRep(SalesRep);

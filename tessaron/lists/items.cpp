@@ -47,15 +47,6 @@ std::shared_ptr<ItemObject> Make() {
   return std::make_shared<T>();
 }
 
-// Sublevel of a new item: the parts of its parent's full name.
-int16_t PartsOf(const std::string& parent) {
-  if (parent.empty()) return 0;
-  int16_t parts = 1;
-  for (char c : parent)
-    if (c == ':') ++parts;
-  return parts;
-}
-
 }  // namespace
 
 Items::Items() : ListCollection<ItemObject>(Info()) {}
@@ -88,7 +79,7 @@ namespace {
 void Identify(ItemObject& item, const std::string& Name, const std::string& Parent, bool IsActive) {
   if (!Parent.empty()) {
     detail::ListObjectAccess::SetParentInternal(item, Parent);
-    detail::ListObjectAccess::SetSublevelInternal(item, PartsOf(Parent));
+    detail::ListObjectAccess::SetSublevelInternal(item, SublevelUnder(Parent));
   }
   detail::ListObjectAccess::SetNameInternal(item, Name);
   detail::ListObjectAccess::SetIsActiveInternal(item, IsActive);

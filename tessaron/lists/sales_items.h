@@ -1,8 +1,8 @@
 // The items without stock that a sales form charges for: services, non-inventory parts,
 // other charges (each with a money side, itemSalesOrPurchase or itemSalesAndPurchase),
 // discounts, payments and subtotals. Which fields a stored item still takes differs per
-// class: ItemNonInventory.SetIsActive turns a stored item Dirty, ItemOtherCharge.SetIsActive
-// refuses it (QuickBooks' modify of that kind keeps the flag).
+// class: ItemNonInventory.SetIsActive turns a stored item Dirty, while ItemOtherCharge takes
+// its active flag, tax code and kind of money record only until its first commit.
 #pragma once
 
 #include <memory>
