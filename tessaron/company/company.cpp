@@ -14,10 +14,7 @@ namespace tessaron {
 
 namespace {
 
-[[noreturn]] void NotAvailable(const char* what) {
-  throw Error(err::kFeatureNotSupported, "Company",
-              std::string(what) + " is not available in this version of Tessaron.");
-}
+[[noreturn]] void NotAvailable(const char* what) { RaiseNotAvailable("Company", what); }
 
 // A master instance, registered under its list key when it has one.
 template <class C>
@@ -51,8 +48,12 @@ Company::Company()
   vendorTypes_ = Master<tessaron::VendorTypes>(l, "VendorType");
   shipMethods_ = Master<tessaron::ShipMethods>(l, "ShipMethod");
   entities_ = Master<tessaron::Entities>(l, "Entity");
-  // The entity list makes customers of its CustomerRet records.
+  vendors_ = Master<tessaron::Vendors>(l, ListTypeKey(qoListVendors).c_str());
+  otherNames_ = Master<tessaron::OtherNames>(l, ListTypeKey(qoListOtherNames).c_str());
+  // The entity list makes records of their own classes of its ...Ret elements.
   tessaron::Entities::RegisterEntityKind("CustomerRet", [] { return std::make_shared<Customer>(); });
+  tessaron::Entities::RegisterEntityKind("VendorRet", [] { return std::make_shared<Vendor>(); });
+  tessaron::Entities::RegisterEntityKind("OtherNameRet", [] { return std::make_shared<OtherName>(); });
 }
 
 Company::~Company() = default;
@@ -176,8 +177,6 @@ int32_t Company::SetClearedStatus(int32_t ClearedStatus, const std::string& TxnI
   std::shared_ptr<tessaron::Name> Company::Name() { NotAvailable(#Name); }
 TESSARON_NOT_YET(Accounts)
 TESSARON_NOT_YET(Items)
-TESSARON_NOT_YET(Vendors)
-TESSARON_NOT_YET(OtherNames)
 TESSARON_NOT_YET(Employees)
 TESSARON_NOT_YET(PayrollItemWages)
 TESSARON_NOT_YET(PayrollItemNonWages)

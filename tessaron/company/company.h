@@ -31,6 +31,7 @@
 #include "tessaron/lists/template.h"
 #include "tessaron/lists/terms.h"
 #include "tessaron/lists/to_do.h"
+#include "tessaron/lists/vendors.h"
 #include "tessaron/platform/date.h"
 #include "tessaron/platform/xml_dom.h"
 
@@ -129,14 +130,14 @@ class Company {
   std::shared_ptr<tessaron::JobTypes> JobTypes() const { return jobTypes_; }
   std::shared_ptr<tessaron::VendorTypes> VendorTypes() const { return vendorTypes_; }
   std::shared_ptr<tessaron::Entities> Entities() const { return entities_; }
+  std::shared_ptr<tessaron::Vendors> Vendors() const { return vendors_; }
+  std::shared_ptr<tessaron::OtherNames> OtherNames() const { return otherNames_; }
   // Not a master: QuickBooks only reads templates out. Made on first use.
   std::shared_ptr<tessaron::Templates> Templates();
 
   // Collections whose classes come later: each raises "not available" for now.
   std::shared_ptr<tessaron::Accounts> Accounts();
   std::shared_ptr<tessaron::Items> Items();
-  std::shared_ptr<tessaron::Vendors> Vendors();
-  std::shared_ptr<tessaron::OtherNames> OtherNames();
   std::shared_ptr<tessaron::Employees> Employees();
   std::shared_ptr<tessaron::PayrollItemWages> PayrollItemWages();
   std::shared_ptr<tessaron::PayrollItemNonWages> PayrollItemNonWages();
@@ -217,6 +218,8 @@ class Company {
   std::shared_ptr<tessaron::JobTypes> jobTypes_;
   std::shared_ptr<tessaron::VendorTypes> vendorTypes_;
   std::shared_ptr<tessaron::Entities> entities_;
+  std::shared_ptr<tessaron::Vendors> vendors_;
+  std::shared_ptr<tessaron::OtherNames> otherNames_;
   std::shared_ptr<tessaron::Templates> templates_;
 };
 

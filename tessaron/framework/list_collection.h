@@ -145,6 +145,8 @@ class ListCollectionBase : public qcList {
   // writes, then the data-extension owner; sent, then parsed or handed to the mirror.
   int32_t RunQuery(const std::string& request, int32_t MaxReturned, const std::string& sMDBPath,
                    const std::function<void(xmlBldr&)>& filter);
+  // Written after the filter of every hand-built query (the balance filter of Vendors).
+  virtual void WriteQueryTail(xmlBldr&) {}
   // Deletes by hand-built ListDelRq; `delType` is the ListDelType text. `source` names
   // the raiser of a refusal.
   int32_t DeleteRecord(const std::string& ListID, bool bRemove, const std::string& delType, const char* source);

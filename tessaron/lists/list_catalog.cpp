@@ -13,6 +13,7 @@
 #include "tessaron/lists/template.h"
 #include "tessaron/lists/terms.h"
 #include "tessaron/lists/to_do.h"
+#include "tessaron/lists/vendors.h"
 #include "tessaron/platform/text.h"
 
 namespace tessaron {
@@ -33,6 +34,7 @@ const std::map<std::string, Factory>& Catalog() {
       {"Customers", Make<Customers>()},
       {"Entities", Make<Entities>()},
       {"JobTypes", Make<JobTypes>()},
+      {"OtherNames", Make<OtherNames>()},
       {"PaymentMethods", Make<PaymentMethods>()},
       {"SalesReps", Make<SalesReps>()},
       {"SalesTaxCodes", Make<SalesTaxCodes>()},
@@ -42,6 +44,7 @@ const std::map<std::string, Factory>& Catalog() {
       {"Terms", Make<Terms>()},
       {"ToDoList", Make<ToDoList>()},
       {"VendorTypes", Make<VendorTypes>()},
+      {"Vendors", Make<Vendors>()},
   };
   return catalog;
 }
