@@ -50,10 +50,14 @@ Company::Company()
   entities_ = Master<tessaron::Entities>(l, "Entity");
   vendors_ = Master<tessaron::Vendors>(l, ListTypeKey(qoListVendors).c_str());
   otherNames_ = Master<tessaron::OtherNames>(l, ListTypeKey(qoListOtherNames).c_str());
+  employees_ = Master<tessaron::Employees>(l, ListTypeKey(qoListEmployees).c_str());
+  payrollItemWages_ = Master<tessaron::PayrollItemWages>(l, ListTypeKey(qoListPayrollItemWages).c_str());
+  payrollItemNonWages_ = Master<tessaron::PayrollItemNonWages>(l, ListTypeKey(qoListPayrollItemNonWages).c_str());
   // The entity list makes records of their own classes of its ...Ret elements.
   tessaron::Entities::RegisterEntityKind("CustomerRet", [] { return std::make_shared<Customer>(); });
   tessaron::Entities::RegisterEntityKind("VendorRet", [] { return std::make_shared<Vendor>(); });
   tessaron::Entities::RegisterEntityKind("OtherNameRet", [] { return std::make_shared<OtherName>(); });
+  tessaron::Entities::RegisterEntityKind("EmployeeRet", [] { return std::make_shared<Employee>(); });
 }
 
 Company::~Company() = default;
@@ -177,9 +181,6 @@ int32_t Company::SetClearedStatus(int32_t ClearedStatus, const std::string& TxnI
   std::shared_ptr<tessaron::Name> Company::Name() { NotAvailable(#Name); }
 TESSARON_NOT_YET(Accounts)
 TESSARON_NOT_YET(Items)
-TESSARON_NOT_YET(Employees)
-TESSARON_NOT_YET(PayrollItemWages)
-TESSARON_NOT_YET(PayrollItemNonWages)
 TESSARON_NOT_YET(SalesOrders)
 TESSARON_NOT_YET(JournalEntries)
 TESSARON_NOT_YET(Bills)

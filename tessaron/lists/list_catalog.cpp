@@ -6,7 +6,9 @@
 #include "tessaron/lists/class.h"
 #include "tessaron/lists/customer_message.h"
 #include "tessaron/lists/customers.h"
+#include "tessaron/lists/employees.h"
 #include "tessaron/lists/entities.h"
+#include "tessaron/lists/payroll_item.h"
 #include "tessaron/lists/sales_rep.h"
 #include "tessaron/lists/sales_tax_code.h"
 #include "tessaron/lists/ship_method.h"
@@ -32,10 +34,13 @@ const std::map<std::string, Factory>& Catalog() {
       {"CustomerMessages", Make<CustomerMessages>()},
       {"CustomerTypes", Make<CustomerTypes>()},
       {"Customers", Make<Customers>()},
+      {"Employees", Make<Employees>()},
       {"Entities", Make<Entities>()},
       {"JobTypes", Make<JobTypes>()},
       {"OtherNames", Make<OtherNames>()},
       {"PaymentMethods", Make<PaymentMethods>()},
+      {"PayrollItemNonWages", Make<PayrollItemNonWages>()},
+      {"PayrollItemWages", Make<PayrollItemWages>()},
       {"SalesReps", Make<SalesReps>()},
       {"SalesTaxCodes", Make<SalesTaxCodes>()},
       {"ShipMethods", Make<ShipMethods>()},

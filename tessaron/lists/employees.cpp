@@ -1,0 +1,63 @@
+#include "tessaron/lists/employees.h"
+
+namespace tessaron {
+
+namespace {
+
+ListCollectionInfo Info() {
+  ListCollectionInfo i;
+  i.className = "Employee";
+  i.listType = qoListEmployees;
+  i.queryRequest = "EmployeeQueryRq";
+  i.queryObjectType = qoObjectTypeEmployee;
+  i.mirrorObjectName = "Employee";
+  i.dirty = DirtyStep::Modify;
+  i.handBuiltStatusQuery = true;
+  return i;
+}
+
+}  // namespace
+
+Employees::Employees() : ListCollection<Employee>(Info()) {}
+
+std::shared_ptr<Employee> Employees::Add(const std::string& Name, const std::string& FirstName,
+                                         const std::string& MiddleName, const std::string& LastName,
+                                         const std::string& Salutation, const std::string& PrintAs,
+                                         const std::string& Phone, const std::string& AltPhone,
+                                         const std::string& Fax, const std::string& Email, const std::string& SSN,
+                                         int32_t EmployeeType, int32_t Gender, Date HiredDate, Date ReleasedDate,
+                                         Date BirthDate, const std::string& AccountNumber, const std::string& Notes,
+                                         bool IsActive, const std::string& AddressLine1,
+                                         const std::string& AddressLine2, const std::string& AddressCity,
+                                         const std::string& AddressState, const std::string& AddressPostalCode) {
+  // The object is New throughout, so no setter's guard can refuse here.
+  return AddNew([&](Employee& e) {
+    e.SetNameInternal(Name);
+    e.SetIsActiveInternal(IsActive);
+    e.SetFirstName(FirstName);
+    e.SetMiddleName(MiddleName);
+    e.SetLastName(LastName);
+    e.SetSalutation(Salutation);
+    e.SetPrintAs(PrintAs);
+    e.SetPhone(Phone);
+    e.SetAltPhone(AltPhone);
+    e.SetFax(Fax);
+    e.SetEmail(Email);
+    e.SetSSN(SSN);
+    e.SetEmployeeType(EmployeeType);
+    e.SetGender(Gender);
+    e.SetHiredDate(HiredDate);
+    e.SetReleasedDate(ReleasedDate);
+    e.SetBirthDate(BirthDate);
+    e.SetAccountNumber(AccountNumber);
+    e.SetNotes(Notes);
+    auto address = e.Address();
+    address->SetLine1(AddressLine1);
+    address->SetLine2(AddressLine2);
+    address->SetCity(AddressCity);
+    address->SetState(AddressState);
+    address->SetPostalCode(AddressPostalCode);
+  });
+}
+
+}  // namespace tessaron
