@@ -184,6 +184,9 @@ std::shared_ptr<Employee> Employee::Clone() {
 
 void Employee::Copy(Employee& From) {
   CopyContact(From);
+  suffix_ = From.suffix_;
+  mobile_ = From.mobile_;
+  pager_ = From.pager_;
   name_ = From.Name();
   isActive_ = From.IsActive();
   From.Address()->CopyAddress(*Address());

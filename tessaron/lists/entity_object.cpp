@@ -130,10 +130,7 @@ void EntityObject::CopyContact(const EntityObject& from) {
   firstName_ = from.FirstName();
   middleName_ = from.MiddleName();
   lastName_ = from.LastName();
-  suffix_ = from.suffix_;
   phone_ = from.Phone();
-  mobile_ = from.mobile_;
-  pager_ = from.pager_;
   altPhone_ = from.AltPhone();
   fax_ = from.Fax();
   email_ = from.Email();

@@ -92,7 +92,8 @@ class EntityObject : public ListObject {
     GuardContactField();
     field = value;
   }
-  // Copies the contact fields of `from` without the field rule.
+  // Copies the public contact fields of `from` without the field rule (not the suffix,
+  // mobile and pager, which only travel).
   void CopyContact(const EntityObject& from);
   static void WriteAddress(const std::shared_ptr<Address>& address, std::string_view tag, xmlBldr& b,
                            WriteMode mode, Shared::AddressRule rule);

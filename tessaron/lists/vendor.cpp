@@ -123,6 +123,9 @@ std::shared_ptr<Vendor> Vendor::Clone() {
 
 void Vendor::Copy(Vendor& From) {
   CopyContact(From);
+  suffix_ = From.suffix_;
+  mobile_ = From.mobile_;
+  pager_ = From.pager_;
   name_ = From.Name();
   isActive_ = From.IsActive();
   From.Address()->CopyAddress(*Address());

@@ -164,7 +164,16 @@ TEST(CompanyLists, RegistryHandsOutTheMasterInstances) {
   EXPECT_TRUE(company->Customers()->IsMaster());
   EXPECT_TRUE(company->ToDoList()->IsMaster());
   EXPECT_FALSE(company->Templates()->IsMaster());
-  EXPECT_EQ(company->Lists()->Count(), 13);
+  // The entity lists and payroll items, under the keys of their list types.
+  EXPECT_EQ(company->Lists()->Item(Variant("Vendor")), std::static_pointer_cast<qcList>(company->Vendors()));
+  EXPECT_EQ(company->Lists()->Item(Variant("OtherName")), std::static_pointer_cast<qcList>(company->OtherNames()));
+  EXPECT_EQ(CurrentListFor(qoListEmployees), std::static_pointer_cast<qcList>(company->Employees()));
+  EXPECT_EQ(CurrentListFor(qoListPayrollItemWages), std::static_pointer_cast<qcList>(company->PayrollItemWages()));
+  EXPECT_EQ(CurrentListFor(qoListPayrollItemNonWages),
+            std::static_pointer_cast<qcList>(company->PayrollItemNonWages()));
+  EXPECT_EQ(TessaronGlobals::Vendors(), company->Vendors());
+  EXPECT_EQ(TessaronGlobals::Employees(), company->Employees());
+  EXPECT_EQ(company->Lists()->Count(), 18);
 }
 
 TEST(CompanyLists, CollectionsStillToComeSayTheyAreNotAvailable) {
