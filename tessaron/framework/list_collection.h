@@ -60,6 +60,20 @@ struct ListCollectionInfo {
   bool readOnly = false;
 };
 
+// The constant part of a collection's info, the mirror filing the records under the class
+// name; the caller sets what else differs.
+inline ListCollectionInfo CollectionOf(const char* className, qoEnumListType listType, const char* queryRequest,
+                                       qoEnumListObjectType queryObjectType, DirtyStep dirty = DirtyStep::Refuse) {
+  ListCollectionInfo info;
+  info.className = className;
+  info.listType = listType;
+  info.queryRequest = queryRequest;
+  info.queryObjectType = queryObjectType;
+  info.mirrorObjectName = className;
+  info.dirty = dirty;
+  return info;
+}
+
 class ListCollectionBase : public qcList {
  public:
   ~ListCollectionBase() override;

@@ -239,15 +239,11 @@ void Customer::SetNameChecked(const std::string& value) { StoreFromVersion(name_
 
 // ---- Copies ----------------------------------------------------------------------------
 
-std::shared_ptr<Customer> Customer::Clone() {
-  auto copy = std::make_shared<Customer>();
-  copy->Copy(*this);
-  return copy;
-}
+std::shared_ptr<Customer> Customer::Clone() { return CloneOf(*this); }
 
 void Customer::Copy(Customer& FromCustomer) {
   Customer& f = FromCustomer;
-  CopyContact(f);
+  CopyEntity(f, false);
   balance_ = f.Balance();
   f.BillTo()->CopyAddress(*BillTo());
   creditLimit_ = f.CreditLimit();
@@ -257,13 +253,11 @@ void Customer::Copy(Customer& FromCustomer) {
   salesTaxCode_->SetFullName(f.SalesTaxCode());
   salesTaxItem_->SetFullName(f.SalesTaxItem());
   jobType_->SetFullName(f.JobType());
-  isActive_ = f.IsActive();
   jobStatus_ = f.JobStatus();
   jobStartDate_ = f.JobStartDate();
   jobProjectedEndDate_ = f.JobProjectedEndDate();
   jobEndDate_ = f.JobEndDate();
   jobDescription_ = f.JobDescription();
-  name_ = f.Name();
   notes_ = f.Notes();
   openingBalance_ = f.OpeningBalance();
   openingBalanceDate_ = f.OpeningBalanceDate();
@@ -272,7 +266,6 @@ void Customer::Copy(Customer& FromCustomer) {
   f.ShipTo()->CopyAddress(*ShipTo());
   sublevel_ = f.Sublevel();
   totalBalance_ = f.TotalBalance();
-  userData_ = f.UserData();
   SetObjectState(f.ObjectState());
   if (!f.PaymentMethod().empty() || paymentMethod_) PaymentMethodRef()->SetFullName(f.PaymentMethod());
 

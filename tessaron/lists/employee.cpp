@@ -176,19 +176,10 @@ void Employee::WritePayroll(ListObject& o, xmlBldr& b, WriteMode mode) {
 
 // ---- Copies and sub-records ----------------------------------------------------------------
 
-std::shared_ptr<Employee> Employee::Clone() {
-  auto copy = std::make_shared<Employee>();
-  copy->Copy(*this);
-  return copy;
-}
+std::shared_ptr<Employee> Employee::Clone() { return CloneOf(*this); }
 
 void Employee::Copy(Employee& From) {
-  CopyContact(From);
-  suffix_ = From.suffix_;
-  mobile_ = From.mobile_;
-  pager_ = From.pager_;
-  name_ = From.Name();
-  isActive_ = From.IsActive();
+  CopyEntity(From, true);
   From.Address()->CopyAddress(*Address());
   printAs_ = From.printAs_;
   pagerPin_ = From.pagerPin_;
@@ -206,7 +197,6 @@ void Employee::Copy(Employee& From) {
   useTimeData_ = From.useTimeData_;
   sickHours_->CopyFrom(*From.SickHours());
   vacationHours_->CopyFrom(*From.VacationHours());
-  userData_ = From.UserData();
   SetObjectState(From.ObjectState());
 }
 

@@ -2,23 +2,14 @@
 
 namespace tessaron {
 
-namespace {
-
-ListCollectionInfo Info() {
-  ListCollectionInfo i;
-  i.className = "Employee";
-  i.listType = qoListEmployees;
-  i.queryRequest = "EmployeeQueryRq";
-  i.queryObjectType = qoObjectTypeEmployee;
-  i.mirrorObjectName = "Employee";
-  i.dirty = DirtyStep::Modify;
-  i.handBuiltStatusQuery = true;
-  return i;
-}
-
-}  // namespace
-
-Employees::Employees() : ListCollection<Employee>(Info()) {}
+Employees::Employees()
+    : ListCollection<Employee>([] {
+        ListCollectionInfo i =
+            CollectionOf("Employee", qoListEmployees, "EmployeeQueryRq", qoObjectTypeEmployee, DirtyStep::Modify);
+        // GetAll and GetActive send MaxReturned.
+        i.handBuiltStatusQuery = true;
+        return i;
+      }()) {}
 
 std::shared_ptr<Employee> Employees::Add(const std::string& Name, const std::string& FirstName,
                                          const std::string& MiddleName, const std::string& LastName,

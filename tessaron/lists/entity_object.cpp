@@ -124,7 +124,15 @@ void EntityObject::WriteAddress(const std::shared_ptr<Address>& address, std::st
   b.EndAggregate(name);
 }
 
-void EntityObject::CopyContact(const EntityObject& from) {
+void EntityObject::CopyEntity(const EntityObject& from, bool travelling) {
+  name_ = from.Name();
+  isActive_ = from.IsActive();
+  userData_ = from.UserData();
+  if (travelling) {
+    suffix_ = from.suffix_;
+    mobile_ = from.mobile_;
+    pager_ = from.pager_;
+  }
   companyName_ = from.CompanyName();
   salutation_ = from.Salutation();
   firstName_ = from.FirstName();

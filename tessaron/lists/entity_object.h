@@ -92,9 +92,16 @@ class EntityObject : public ListObject {
     GuardContactField();
     field = value;
   }
-  // Copies the public contact fields of `from` without the field rule (not the suffix,
-  // mobile and pager, which only travel).
-  void CopyContact(const EntityObject& from);
+  // Copies Name, IsActive, UserData and the public contact fields of `from` without the
+  // field rule; with `travelling` also the suffix, mobile and pager, which have no property.
+  void CopyEntity(const EntityObject& from, bool travelling);
+  // Clone: a new object of the class with Copy applied.
+  template <class T>
+  static std::shared_ptr<T> CloneOf(T& from) {
+    auto copy = std::make_shared<T>();
+    copy->Copy(from);
+    return copy;
+  }
   static void WriteAddress(const std::shared_ptr<Address>& address, std::string_view tag, xmlBldr& b,
                            WriteMode mode, Shared::AddressRule rule);
 

@@ -19,19 +19,6 @@ int32_t CodeOrZero(const std::string& xml, qoEnumerationType table) {
   return row ? row->Code() : 0;
 }
 
-ListCollectionInfo PayrollList(const char* className, qoEnumListType list, const char* request,
-                               qoEnumListObjectType objectType) {
-  ListCollectionInfo i;
-  i.className = className;
-  i.listType = list;
-  i.queryRequest = request;
-  i.queryObjectType = objectType;
-  i.mirrorObjectName = className;
-  // A Dirty item reaches the object's modify writer, which raises.
-  i.dirty = DirtyStep::Modify;
-  return i;
-}
-
 }  // namespace
 
 // ---- PayrollItemWage -----------------------------------------------------------------------
@@ -99,8 +86,9 @@ int32_t PayrollItemNonWage::NonWageType() const { return CodeOrZero(nonWageType_
 // ---- Collections ---------------------------------------------------------------------------
 
 PayrollItemWages::PayrollItemWages()
-    : ListCollection<PayrollItemWage>(PayrollList("PayrollItemWage", qoListPayrollItemWages,
-                                                  "PayrollItemWageQueryRq", qoObjectTypePayrollItemWage)) {}
+    // A Dirty item reaches the object's modify writer, which raises.
+    : ListCollection<PayrollItemWage>(CollectionOf("PayrollItemWage", qoListPayrollItemWages, "PayrollItemWageQueryRq",
+                                                   qoObjectTypePayrollItemWage, DirtyStep::Modify)) {}
 
 std::shared_ptr<PayrollItemWage> PayrollItemWages::Add(const std::string& Name, int32_t WageType,
                                                        const std::string& ExpenseAccount, bool IsActive) {
@@ -113,7 +101,7 @@ std::shared_ptr<PayrollItemWage> PayrollItemWages::Add(const std::string& Name, 
 }
 
 PayrollItemNonWages::PayrollItemNonWages()
-    : ListCollection<PayrollItemNonWage>(PayrollList("PayrollItemNonWage", qoListPayrollItemNonWages,
-                                                     "PayrollItemNonWageQueryRq", qoObjectTypePayrollItemNonWage)) {}
+    : ListCollection<PayrollItemNonWage>(CollectionOf("PayrollItemNonWage", qoListPayrollItemNonWages,
+                                                      "PayrollItemNonWageQueryRq", qoObjectTypePayrollItemNonWage)) {}
 
 }  // namespace tessaron

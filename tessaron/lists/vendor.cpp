@@ -115,19 +115,10 @@ void Vendor::SetTerms(const std::string& value) {
   terms_->SetFullName(value);
 }
 
-std::shared_ptr<Vendor> Vendor::Clone() {
-  auto copy = std::make_shared<Vendor>();
-  copy->Copy(*this);
-  return copy;
-}
+std::shared_ptr<Vendor> Vendor::Clone() { return CloneOf(*this); }
 
 void Vendor::Copy(Vendor& From) {
-  CopyContact(From);
-  suffix_ = From.suffix_;
-  mobile_ = From.mobile_;
-  pager_ = From.pager_;
-  name_ = From.Name();
-  isActive_ = From.IsActive();
+  CopyEntity(From, true);
   From.Address()->CopyAddress(*Address());
   nameOnCheck_ = From.NameOnCheck();
   notes_ = From.Notes();
@@ -140,7 +131,6 @@ void Vendor::Copy(Vendor& From) {
   openingBalanceDate_ = From.OpeningBalanceDate();
   vendorType_->SetFullName(From.VendorType());
   terms_->SetFullName(From.Terms());
-  userData_ = From.UserData();
   SetObjectState(From.ObjectState());
 }
 
@@ -188,18 +178,11 @@ OtherName::OtherName() : EntityObject(Info()) {}
 
 std::shared_ptr<Address> OtherName::Address() { return MadeOnDemand(address_); }
 
-std::shared_ptr<OtherName> OtherName::Clone() {
-  auto copy = std::make_shared<OtherName>();
-  copy->Copy(*this);
-  return copy;
-}
+std::shared_ptr<OtherName> OtherName::Clone() { return CloneOf(*this); }
 
 void OtherName::Copy(OtherName& From) {
-  CopyContact(From);
-  name_ = From.Name();
-  isActive_ = From.IsActive();
+  CopyEntity(From, false);
   From.Address()->CopyAddress(*Address());
-  userData_ = From.UserData();
   SetObjectState(From.ObjectState());
 }
 

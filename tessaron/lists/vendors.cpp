@@ -10,19 +10,6 @@ namespace tessaron {
 
 namespace {
 
-ListCollectionInfo EntityListInfo(const char* className, qoEnumListType list, const char* request,
-                                  qoEnumListObjectType objectType, bool rekey) {
-  ListCollectionInfo i;
-  i.className = className;
-  i.listType = list;
-  i.queryRequest = request;
-  i.queryObjectType = objectType;
-  i.mirrorObjectName = className;
-  i.dirty = DirtyStep::Modify;
-  i.rekeyNewOnResponse = rekey;
-  return i;
-}
-
 template <class Obj>
 void FillAddress(Obj& o, const std::string& line1, const std::string& line2, const std::string& line3,
                  const std::string& city, const std::string& state, const std::string& postalCode,
@@ -63,7 +50,13 @@ void FillContact(EntityObject& o, const std::string& CompanyName, const std::str
 // ---- Vendors -------------------------------------------------------------------------------
 
 Vendors::Vendors()
-    : ListCollection<Vendor>(EntityListInfo("Vendor", qoListVendors, "VendorQueryRq", qoObjectTypeVendor, true)) {}
+    : ListCollection<Vendor>([] {
+        ListCollectionInfo i =
+            CollectionOf("Vendor", qoListVendors, "VendorQueryRq", qoObjectTypeVendor, DirtyStep::Modify);
+        // QuickBooks may file a new vendor under another name.
+        i.rekeyNewOnResponse = true;
+        return i;
+      }()) {}
 
 std::shared_ptr<Vendor> Vendors::Add(
     const std::string& Name, const std::string& CompanyName, const std::string& Salutation,
@@ -139,8 +132,8 @@ void Vendors::WriteQueryTail(xmlBldr& b) {
 // ---- OtherNames ----------------------------------------------------------------------------
 
 OtherNames::OtherNames()
-    : ListCollection<OtherName>(
-          EntityListInfo("OtherName", qoListOtherNames, "OtherNameQueryRq", qoObjectTypeOtherName, false)) {}
+    : ListCollection<OtherName>(CollectionOf("OtherName", qoListOtherNames, "OtherNameQueryRq", qoObjectTypeOtherName,
+                                             DirtyStep::Modify)) {}
 
 std::shared_ptr<OtherName> OtherNames::Add(
     const std::string& Name, const std::string& CompanyName, const std::string& Salutation,
