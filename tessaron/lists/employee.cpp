@@ -15,16 +15,6 @@ const Currency kV3 = Currency(3);
 
 Employee& Self(ListObject& o) { return static_cast<Employee&>(o); }
 
-// Which state a sub-record leaves a Clean employee in: true when it asks for a modify.
-bool SubRecordNeedsModify(qoEnumObjectState state) {
-  switch (state) {
-    case qoObjectStateNew:
-    case qoObjectStateClean: return false;
-    case qoObjectStateDirty: return true;
-  }
-  RaiseInternal("Employee", "Unknown Child Object State");
-}
-
 }  // namespace
 
 const ListClassInfo& Employee::Info() {
@@ -45,7 +35,7 @@ const ListClassInfo& Employee::Info() {
         E::Text("MiddleName", &Employee::middleName_),
         E::Text("LastName", &Employee::lastName_),
         E::Text("Suffix", &Employee::suffix_),
-        E::AddressRow<&Employee::address_, E::AddressRule::AddWhenFilled>("EmployeeAddress", "Address"),
+        AddressRow(kAddressTag),
         text("PrintAs", &Employee::printAs_),
         E::Text("Phone", &Employee::phone_),
         E::Text("Mobile", &Employee::mobile_),
@@ -68,8 +58,7 @@ const ListClassInfo& Employee::Info() {
     });
     i.checks = {C::NameCheck(41, err::kNameTooLong, err::kNameTooLongText)};
     for (const CheckDef& c : E::PersonNameChecks()) i.checks.push_back(c);
-    i.checks.push_back(check::Custom(
-        [](ListObject& o, qcErrors& e) { E::CheckAddress(Self(o).address_, "Employee Address", e); }));
+    i.checks.push_back(AddressCheck<kAddressLabel>());
     i.checks.push_back(
         check::MaxLength(&Employee::printAs_, "Print As", 41, err::kPrintAsTooLong, err::kPrintAsTooLongText));
     i.checks.push_back(E::PhoneCheck(&Employee::phone_, "Phone"));
@@ -90,15 +79,10 @@ const ListClassInfo& Employee::Info() {
 }
 
 Employee::Employee()
-    : EntityObject(Info()),
+    : AddressedEntity(Info(), kAddressTag),
       payrollClass_(std::make_shared<qcListObjectRef>(qoListClasses)),
       sickHours_(std::make_shared<empAccruedTime>()),
       vacationHours_(std::make_shared<empAccruedTime>()) {}
-
-std::shared_ptr<Address> Employee::Address() {
-  if (!address_) address_ = std::make_shared<tessaron::Address>();
-  return address_;
-}
 
 void Employee::SetGender(int32_t value) {
   if (value != 0) EnumCodeToXML(value, qoeGenderType);  // raises for a code the table lacks
@@ -201,19 +185,14 @@ void Employee::Copy(Employee& From) {
 }
 
 void Employee::AfterFromDom() {
-  Address()->SetObjectState(qoObjectStateClean);
+  AddressedEntity::AfterFromDom();
   for (const auto& earning : earnings_) earning->SetObjectState(qoObjectStateClean);
   sickHours_->SetObjectState(qoObjectStateClean);
   vacationHours_->SetObjectState(qoObjectStateClean);
 }
 
-void Employee::ResetToNew() {
-  SetObjectState(qoObjectStateNew);
-  Address()->SetObjectState(qoObjectStateNew);
-}
-
 bool Employee::ModifyWhileClean() {
-  if (SubRecordNeedsModify(Address()->ObjectState())) return true;
+  if (AddressedEntity::ModifyWhileClean()) return true;
   for (const auto& earning : earnings_)
     if (SubRecordNeedsModify(earning->ObjectState())) return true;
   return SubRecordNeedsModify(sickHours_->ObjectState()) || SubRecordNeedsModify(vacationHours_->ObjectState());

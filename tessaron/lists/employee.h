@@ -23,15 +23,13 @@
 
 namespace tessaron {
 
-class Employee final : public EntityObject {
+class Employee final : public AddressedEntity {
  public:
   Employee();
 
   void SetName(const std::string& value) { StoreFromVersion(name_, value, 1); }
   // From qbXML 3.0 a stored employee can be made inactive; below, only a New one.
   void SetIsActive(bool value) { StoreFromVersion(isActive_, value, 3); }
-  // The address; made on first use.
-  std::shared_ptr<tessaron::Address> Address();
   const std::string& PrintAs() const { return printAs_; }
   void SetPrintAs(const std::string& value) { StoreFromVersion(printAs_, value, 1); }
   const std::string& Mobile() const { return mobile_; }
@@ -78,7 +76,6 @@ class Employee final : public EntityObject {
   void Copy(Employee& From);
 
   // Library-internal.
-  void ResetToNew() override;
   // A Clean employee is still sent when its address, an earnings record or the accrued
   // hours changed. Raises for a sub-record in no known state.
   bool ModifyWhileClean() override;
@@ -90,6 +87,8 @@ class Employee final : public EntityObject {
 
  private:
   static constexpr int kNever = 999;  // no modify carries the field
+  static constexpr char kAddressTag[] = "EmployeeAddress";
+  static constexpr char kAddressLabel[] = "Employee Address";
   static const ListClassInfo& Info();
   static void ReadPayroll(ListObject& o, const XmlNode& node);
   static void WritePayroll(ListObject& o, xmlBldr& b, WriteMode mode);
@@ -103,7 +102,6 @@ class Employee final : public EntityObject {
   using EntityObject::SetCompanyName;
   using EntityObject::SetContact;
 
-  std::shared_ptr<tessaron::Address> address_;
   std::string printAs_;
   std::string pagerPin_;  // kept and sent back; no property
   std::string ssn_;

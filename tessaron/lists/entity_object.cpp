@@ -1,5 +1,6 @@
 #include "tessaron/lists/entity_object.h"
 
+#include "tessaron/foundation/values.h"
 #include "tessaron/messaging/xml_bldr.h"
 
 namespace tessaron {
@@ -145,6 +146,48 @@ void EntityObject::CopyEntity(const EntityObject& from, bool travelling) {
   contact_ = from.Contact();
   altContact_ = from.AltContact();
   accountNumber_ = from.AccountNumber();
+}
+
+// ---- AddressedEntity ----------------------------------------------------------------------
+
+std::shared_ptr<Address> AddressedEntity::Address() {
+  if (!address_) address_ = std::make_shared<tessaron::Address>();
+  return address_;
+}
+
+FieldDef AddressedEntity::AddressRow(const char* addressTag) {
+  return field::Custom(
+             addressTag,
+             [](ListObject& o, const XmlNode& n) { static_cast<AddressedEntity&>(o).Address()->FromDom(n); },
+             [](ListObject& o, xmlBldr& b, WriteMode mode) {
+               auto& e = static_cast<AddressedEntity&>(o);
+               WriteAddress(e.address_, e.addressTag_, b, mode, Shared::AddressRule::AddWhenFilled);
+             },
+             [](const ListObject& o) {
+               const auto& address = static_cast<const AddressedEntity&>(o).address_;
+               return address ? AddressText(*address) : std::string();
+             })
+      .Add(Send::Always)
+      .Mod(Send::Always)
+      .As("Address");
+}
+
+void AddressedEntity::AfterFromDom() { Address()->SetObjectState(qoObjectStateClean); }
+
+void AddressedEntity::ResetToNew() {
+  SetObjectState(qoObjectStateNew);
+  Address()->SetObjectState(qoObjectStateNew);
+}
+
+bool AddressedEntity::ModifyWhileClean() { return SubRecordNeedsModify(Address()->ObjectState()); }
+
+bool AddressedEntity::SubRecordNeedsModify(qoEnumObjectState state) const {
+  switch (state) {
+    case qoObjectStateNew:
+    case qoObjectStateClean: return false;
+    case qoObjectStateDirty: return true;
+  }
+  RaiseInternal(ClassInfo().className, "Unknown Child Object State");
 }
 
 }  // namespace tessaron

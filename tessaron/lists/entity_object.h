@@ -122,6 +122,43 @@ class EntityObject : public ListObject {
   std::string accountNumber_;
 };
 
+// An entity with one address of its own (vendors, other names, employees). The address
+// keeps its state: a Clean record whose address changed is still sent as a modify.
+class AddressedEntity : public EntityObject {
+ public:
+  // The address; made on first use.
+  std::shared_ptr<tessaron::Address> Address();
+
+  // Library-internal.
+  void ResetToNew() override;
+  // True when the address is Dirty; raises 0x800403EB "Unknown Child Object State" for an
+  // address in no known state.
+  bool ModifyWhileClean() override;
+
+ protected:
+  // `addressTag` names the address aggregate in requests ("VendorAddress").
+  AddressedEntity(const ListClassInfo& info, const char* addressTag) : EntityObject(info), addressTag_(addressTag) {}
+
+  void AfterFromDom() override;
+  // The address row under the class's tag (the one given to the constructor): add sends
+  // it unless empty, modify always.
+  static FieldDef AddressRow(const char* addressTag);
+  // The address's Validate, then 0x800404B1 with `label` when it found errors.
+  template <const char* Label>
+  static CheckDef AddressCheck() {
+    return check::Custom([](ListObject& o, qcErrors& e) {
+      Shared::CheckAddress(static_cast<AddressedEntity&>(o).address_, Label, e);
+    });
+  }
+  // Whether a sub-record in `state` asks for a modify of a Clean record.
+  bool SubRecordNeedsModify(qoEnumObjectState state) const;
+
+  std::shared_ptr<tessaron::Address> address_;
+
+ private:
+  const char* addressTag_;
+};
+
 template <auto Member, EntityObject::Shared::AddressRule Rule>
 FieldDef EntityObject::Shared::AddressRow(std::string_view tag, std::string_view property) {
   using Owner = typename detail_member_owner<decltype(Member)>::type;

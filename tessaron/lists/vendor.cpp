@@ -9,7 +9,6 @@ namespace tessaron {
 namespace {
 
 using E = EntityObject::Shared;
-using Rule = EntityObject::Shared::AddressRule;
 
 Vendor& AsVendor(ListObject& o) { return static_cast<Vendor&>(o); }
 
@@ -18,21 +17,7 @@ std::vector<FieldDef> Join(std::vector<FieldDef> head, const std::vector<FieldDe
   return head;
 }
 
-std::shared_ptr<Address>& MadeOnDemand(std::shared_ptr<Address>& address) {
-  if (!address) address = std::make_shared<Address>();
-  return address;
-}
-
 }  // namespace
-
-bool AddressNeedsModify(Address& address, const char* className) {
-  switch (address.ObjectState()) {
-    case qoObjectStateNew:
-    case qoObjectStateClean: return false;
-    case qoObjectStateDirty: return true;
-  }
-  RaiseInternal(className, "Unknown Child Object State");
-}
 
 // ---- Vendor ------------------------------------------------------------------------------
 
@@ -41,7 +26,7 @@ const ListClassInfo& Vendor::Info() {
   static const ListClassInfo info = [] {
     ListClassInfo i = ClassOf("Vendor", qoObjectTypeVendor, qoListVendors, ModifyRule::Write);
     i.queryBooleans = QueryBooleans::Digits;
-    std::vector<FieldDef> own = E::PayeeContactRows(E::AddressRow<&Vendor::address_, Rule::AddWhenFilled>("VendorAddress", "Address"));
+    std::vector<FieldDef> own = E::PayeeContactRows(AddressRow(kAddressTag));
     const std::vector<FieldDef> vendorRows = {
         field::Text("NameOnCheck", &Vendor::nameOnCheck_).Add(Send::IfSet).Mod(Send::Always),
         // Notes go before AccountNumber here, as the add request of this library always wrote them.
@@ -72,9 +57,7 @@ const ListClassInfo& Vendor::Info() {
     i.fields = Join(Join(std::move(i.fields), rows), own);
 
     i.checks = {C::NameCheck(41, err::kNameTooLong, err::kNameTooLongText)};
-    for (const CheckDef& c : E::PayeeContactChecks(check::Custom([](ListObject& o, qcErrors& e) {
-           E::CheckAddress(AsVendor(o).address_, "Vendor Address", e);
-         })))
+    for (const CheckDef& c : E::PayeeContactChecks(AddressCheck<kAddressLabel>()))
       i.checks.push_back(c);
     i.checks.push_back(check::MaxLength(&Vendor::nameOnCheck_, "Name On Check", 41, err::kNameOnCheckTooLong,
                                         err::kNameOnCheckTooLongText));
@@ -100,11 +83,9 @@ const ListClassInfo& Vendor::Info() {
 }
 
 Vendor::Vendor()
-    : EntityObject(Info()),
+    : AddressedEntity(Info(), kAddressTag),
       vendorType_(std::make_shared<qcListObjectRef>(qoListVendorTypes)),
       terms_(std::make_shared<qcListObjectRef>(qoListTerms)) {}
-
-std::shared_ptr<Address> Vendor::Address() { return MadeOnDemand(address_); }
 
 void Vendor::SetVendorType(const std::string& value) {
   CheckField(true);
@@ -144,12 +125,6 @@ std::shared_ptr<txnLinkedTransactions> Vendor::OpenCredits() { RaiseNotAvailable
 std::shared_ptr<BillPayment> Vendor::Payment() { RaiseNotAvailable("Vendor", "Payment"); }
 void Vendor::AddPaymentForPosting() { RaiseNotAvailable("Vendor", "AddPaymentForPosting"); }
 
-void Vendor::AfterFromDom() { Address()->SetObjectState(qoObjectStateClean); }
-void Vendor::ResetToNew() {
-  SetObjectState(qoObjectStateNew);
-  Address()->SetObjectState(qoObjectStateNew);
-}
-bool Vendor::ModifyWhileClean() { return AddressNeedsModify(*Address(), "Vendor"); }
 
 // ---- OtherName ---------------------------------------------------------------------------
 
@@ -160,13 +135,11 @@ const ListClassInfo& OtherName::Info() {
     i.queryBooleans = QueryBooleans::Digits;
     std::vector<FieldDef> rows = {C::Name(Send::Always, Send::Always), C::IsActive()};
     rows = Join(std::move(rows),
-                E::PayeeContactRows(E::AddressRow<&OtherName::address_, Rule::AddWhenFilled>("OtherNameAddress", "Address")));
+                E::PayeeContactRows(AddressRow(kAddressTag)));
     rows.push_back(E::Text("AccountNumber", &OtherName::accountNumber_));
     i.fields = Join(C::Rows({}), rows);
     i.checks = {C::NameCheck(41, err::kNameTooLong, err::kNameTooLongText)};
-    for (const CheckDef& c : E::PayeeContactChecks(check::Custom([](ListObject& o, qcErrors& e) {
-           E::CheckAddress(static_cast<OtherName&>(o).address_, "OtherName Address", e);
-         })))
+    for (const CheckDef& c : E::PayeeContactChecks(AddressCheck<kAddressLabel>()))
       i.checks.push_back(c);
     i.checks.push_back(E::AccountNumberCheck());
     return i;
@@ -174,9 +147,7 @@ const ListClassInfo& OtherName::Info() {
   return info;
 }
 
-OtherName::OtherName() : EntityObject(Info()) {}
-
-std::shared_ptr<Address> OtherName::Address() { return MadeOnDemand(address_); }
+OtherName::OtherName() : AddressedEntity(Info(), kAddressTag) {}
 
 std::shared_ptr<OtherName> OtherName::Clone() { return CloneOf(*this); }
 
@@ -185,12 +156,5 @@ void OtherName::Copy(OtherName& From) {
   From.Address()->CopyAddress(*Address());
   SetObjectState(From.ObjectState());
 }
-
-void OtherName::AfterFromDom() { Address()->SetObjectState(qoObjectStateClean); }
-void OtherName::ResetToNew() {
-  SetObjectState(qoObjectStateNew);
-  Address()->SetObjectState(qoObjectStateNew);
-}
-bool OtherName::ModifyWhileClean() { return AddressNeedsModify(*Address(), "OtherName"); }
 
 }  // namespace tessaron

@@ -20,15 +20,13 @@ namespace tessaron {
 class BillPayment;
 class txnLinkedTransactions;
 
-class Vendor final : public EntityObject {
+class Vendor final : public AddressedEntity {
  public:
   Vendor();
 
   void SetName(const std::string& value) { Store(name_, value, false); }
   // Only a New vendor takes it: the modify request does not carry IsActive.
   void SetIsActive(bool value) { Store(isActive_, value, true); }
-  // The address; made on first use.
-  std::shared_ptr<tessaron::Address> Address();
   const std::string& NameOnCheck() const { return nameOnCheck_; }
   void SetNameOnCheck(const std::string& value) { Store(nameOnCheck_, value, false); }
   const std::string& Notes() const { return notes_; }
@@ -68,19 +66,11 @@ class Vendor final : public EntityObject {
   std::shared_ptr<BillPayment> Payment();
   void AddPaymentForPosting();
 
-  // Library-internal.
-  void ResetToNew() override;
-  // A Clean vendor is still sent when its address changed. Raises for an address in no
-  // known state.
-  bool ModifyWhileClean() override;
-
- protected:
-  void AfterFromDom() override;
-
  private:
+  static constexpr char kAddressTag[] = "VendorAddress";
+  static constexpr char kAddressLabel[] = "Vendor Address";
   static const ListClassInfo& Info();
 
-  std::shared_ptr<tessaron::Address> address_;
   std::string nameOnCheck_;
   std::string notes_;
   std::string appendNotes_;
@@ -94,34 +84,21 @@ class Vendor final : public EntityObject {
   std::shared_ptr<qcListObjectRef> terms_;
 };
 
-class OtherName final : public EntityObject {
+class OtherName final : public AddressedEntity {
  public:
   OtherName();
 
   void SetName(const std::string& value) { Store(name_, value, false); }
   // Only a New record takes it: the modify request does not carry IsActive.
   void SetIsActive(bool value) { Store(isActive_, value, true); }
-  // The address; made on first use.
-  std::shared_ptr<tessaron::Address> Address();
 
   std::shared_ptr<OtherName> Clone();
   void Copy(OtherName& From);
 
-  // Library-internal.
-  void ResetToNew() override;
-  bool ModifyWhileClean() override;
-
- protected:
-  void AfterFromDom() override;
-
  private:
+  static constexpr char kAddressTag[] = "OtherNameAddress";
+  static constexpr char kAddressLabel[] = "OtherName Address";
   static const ListClassInfo& Info();
-
-  std::shared_ptr<tessaron::Address> address_;
 };
-
-// Library-internal: whether a Clean record must be sent because its address changed.
-// Raises 0x800403EB "Unknown Child Object State" for a state that is none of the three.
-bool AddressNeedsModify(tessaron::Address& address, const char* className);
 
 }  // namespace tessaron
