@@ -78,11 +78,13 @@ TEST_P(EntitiesEndToEnd, VendorThatFailsItsChecksStaysNewAndOthersGoThrough) {
   auto bad = vendors->Add("Nordic Fasteners");
   bad->SetEligibleFor1099(true);  // without address and TaxId
   auto good = vendors->Add("Nordic Hinges");
+  good->SetNotes("Deliveries on Tuesdays");
   State().ErrorMode = false;
   EXPECT_EQ(vendors->Commit(), 1);
   EXPECT_EQ(bad->ObjectState(), qoObjectStateNew);
   EXPECT_EQ(static_cast<uint32_t>(bad->Errors()->Item(1)->Number()), err::kVendor1099NeedsAddress);
   EXPECT_EQ(good->ObjectState(), qoObjectStateClean);
+  EXPECT_EQ(Vendors().GetByFullName("Nordic Hinges")->Notes(), "Deliveries on Tuesdays");
 }
 
 TEST_P(EntitiesEndToEnd, VendorsByEveryFilter) {

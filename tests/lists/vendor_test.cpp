@@ -81,6 +81,16 @@ TEST_F(VendorsTest, AddSendsEveryArgumentInTheOrderQuickBooksWants) {
   EXPECT_EQ(vendors->Item(Variant("Cal Tel"))->ObjectState(), qoObjectStateClean);
 }
 
+// The add has always written Notes before AccountNumber; the company-file processor takes
+// that order on purpose, though the schema puts Notes after.
+TEST_F(VendorsTest, AddWritesNotesBeforeAccountNumber) {
+  auto v = vendors->Add("Cal Tel");
+  v->SetNotes("Ships Tuesdays");
+  v->SetAccountNumber("A-7");
+  CommitAnswering("VendorAddRs", VendorRet("60000001-1", "Cal Tel"));
+  EXPECT_TRUE(Contains(Sent(), "<Notes>Ships Tuesdays</Notes><AccountNumber>A-7</AccountNumber>")) << Sent();
+}
+
 TEST_F(VendorsTest, AddOfANameAloneSendsNoEmptyAddressNorEmptyFields) {
   vendors->Add("Cal Tel");
   CommitAnswering("VendorAddRs", VendorRet("60000001-1", "Cal Tel"));
