@@ -65,7 +65,8 @@ class EntityObject : public ListObject {
       AddWhenFilled,  // add sends it unless empty, modify always
     };
     // The row of an address aggregate held in `Member` (a std::shared_ptr<Address> of the
-    // class), made on demand when read.
+    // class, one of several), made on demand when read. The tag is kept per member, so a
+    // member is always given the same tag. Classes with one address use AddressedEntity.
     template <auto Member, AddressRule Rule>
     static FieldDef AddressRow(std::string_view tag, std::string_view property);
 
