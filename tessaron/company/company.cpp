@@ -15,10 +15,7 @@ namespace tessaron {
 
 namespace {
 
-[[noreturn]] void NotAvailable(const char* what) {
-  throw Error(err::kFeatureNotSupported, "Company",
-              std::string(what) + " is not available in this version of Tessaron.");
-}
+[[noreturn]] void NotAvailable(const char* what) { RaiseNotAvailable("Company", what); }
 
 // A master instance, registered under its list key when it has one.
 template <class C>
@@ -54,8 +51,16 @@ Company::Company()
   vendorTypes_ = Master<tessaron::VendorTypes>(l, "VendorType");
   shipMethods_ = Master<tessaron::ShipMethods>(l, "ShipMethod");
   entities_ = Master<tessaron::Entities>(l, "Entity");
-  // The entity list makes customers of its CustomerRet records.
+  vendors_ = Master<tessaron::Vendors>(l, ListTypeKey(qoListVendors).c_str());
+  otherNames_ = Master<tessaron::OtherNames>(l, ListTypeKey(qoListOtherNames).c_str());
+  employees_ = Master<tessaron::Employees>(l, ListTypeKey(qoListEmployees).c_str());
+  payrollItemWages_ = Master<tessaron::PayrollItemWages>(l, ListTypeKey(qoListPayrollItemWages).c_str());
+  payrollItemNonWages_ = Master<tessaron::PayrollItemNonWages>(l, ListTypeKey(qoListPayrollItemNonWages).c_str());
+  // The entity list makes records of their own classes of its ...Ret elements.
   tessaron::Entities::RegisterEntityKind("CustomerRet", [] { return std::make_shared<Customer>(); });
+  tessaron::Entities::RegisterEntityKind("VendorRet", [] { return std::make_shared<Vendor>(); });
+  tessaron::Entities::RegisterEntityKind("OtherNameRet", [] { return std::make_shared<OtherName>(); });
+  tessaron::Entities::RegisterEntityKind("EmployeeRet", [] { return std::make_shared<Employee>(); });
 }
 
 Company::~Company() = default;
@@ -184,11 +189,6 @@ int32_t Company::SetClearedStatus(int32_t ClearedStatus, const std::string& TxnI
 
 #define TESSARON_NOT_YET(Name) \
   std::shared_ptr<tessaron::Name> Company::Name() { NotAvailable(#Name); }
-TESSARON_NOT_YET(Vendors)
-TESSARON_NOT_YET(OtherNames)
-TESSARON_NOT_YET(Employees)
-TESSARON_NOT_YET(PayrollItemWages)
-TESSARON_NOT_YET(PayrollItemNonWages)
 TESSARON_NOT_YET(SalesOrders)
 TESSARON_NOT_YET(JournalEntries)
 TESSARON_NOT_YET(Bills)

@@ -33,6 +33,9 @@
 #include "tessaron/lists/template.h"
 #include "tessaron/lists/terms.h"
 #include "tessaron/lists/to_do.h"
+#include "tessaron/lists/employees.h"
+#include "tessaron/lists/payroll_item.h"
+#include "tessaron/lists/vendors.h"
 #include "tessaron/platform/date.h"
 #include "tessaron/platform/xml_dom.h"
 
@@ -136,15 +139,15 @@ class Company {
   std::shared_ptr<tessaron::JobTypes> JobTypes() const { return jobTypes_; }
   std::shared_ptr<tessaron::VendorTypes> VendorTypes() const { return vendorTypes_; }
   std::shared_ptr<tessaron::Entities> Entities() const { return entities_; }
+  std::shared_ptr<tessaron::Vendors> Vendors() const { return vendors_; }
+  std::shared_ptr<tessaron::OtherNames> OtherNames() const { return otherNames_; }
+  std::shared_ptr<tessaron::Employees> Employees() const { return employees_; }
+  std::shared_ptr<tessaron::PayrollItemWages> PayrollItemWages() const { return payrollItemWages_; }
+  std::shared_ptr<tessaron::PayrollItemNonWages> PayrollItemNonWages() const { return payrollItemNonWages_; }
   // Not a master: QuickBooks only reads templates out. Made on first use.
   std::shared_ptr<tessaron::Templates> Templates();
 
   // Collections whose classes come later: each raises "not available" for now.
-  std::shared_ptr<tessaron::Vendors> Vendors();
-  std::shared_ptr<tessaron::OtherNames> OtherNames();
-  std::shared_ptr<tessaron::Employees> Employees();
-  std::shared_ptr<tessaron::PayrollItemWages> PayrollItemWages();
-  std::shared_ptr<tessaron::PayrollItemNonWages> PayrollItemNonWages();
   std::shared_ptr<tessaron::SalesOrders> SalesOrders();
   std::shared_ptr<tessaron::JournalEntries> JournalEntries();
   std::shared_ptr<tessaron::Bills> Bills();
@@ -229,6 +232,11 @@ class Company {
   std::shared_ptr<tessaron::JobTypes> jobTypes_;
   std::shared_ptr<tessaron::VendorTypes> vendorTypes_;
   std::shared_ptr<tessaron::Entities> entities_;
+  std::shared_ptr<tessaron::Vendors> vendors_;
+  std::shared_ptr<tessaron::OtherNames> otherNames_;
+  std::shared_ptr<tessaron::Employees> employees_;
+  std::shared_ptr<tessaron::PayrollItemWages> payrollItemWages_;
+  std::shared_ptr<tessaron::PayrollItemNonWages> payrollItemNonWages_;
   std::shared_ptr<tessaron::Templates> templates_;
 };
 

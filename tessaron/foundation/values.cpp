@@ -172,6 +172,10 @@ void RaiseInternal(const std::string& className, const std::string& message) {
   throw Error(err::kInternal, "Tessaron: " + className, message);
 }
 
+void RaiseNotAvailable(const std::string& source, const std::string& what) {
+  throw Error(err::kFeatureNotSupported, source, what + " is not available in this version of Tessaron.");
+}
+
 void NoteUnknownField(std::string_view message, std::string_view tag) {
   if (g_unknownFieldHook) g_unknownFieldHook(message, tag);
 }

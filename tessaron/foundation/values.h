@@ -100,6 +100,9 @@ inline void RequireVersionForChange(Currency minimum, qoEnumObjectState& state) 
 // Raises 0x800403EB with source "Tessaron: " + className and the message as description:
 // an operation that a class does not support ("SalesRep", "XMLModify not supported").
 [[noreturn]] void RaiseInternal(const std::string& className, const std::string& message);
+// Raises 0x80040B5E with `source` and the description "<what> is not available in this
+// version of Tessaron.": a member whose subsystem this version of the library lacks.
+[[noreturn]] void RaiseNotAvailable(const std::string& source, const std::string& what);
 
 // Called by the parsers for an element they do not know; `message` is "Unknown Field: "
 // followed by the element name, `tag` the name of the enclosing ...Ret. Does nothing

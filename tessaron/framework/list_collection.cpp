@@ -146,6 +146,7 @@ int32_t ListCollectionBase::RunQuery(const std::string& request, int32_t MaxRetu
   b.OpenAggregateOnly(request);
   if (MaxReturned > 0) b.CreateElement("MaxReturned", std::to_string(MaxReturned));
   if (filter) filter(b);
+  WriteQueryTail(b);
   b.AddDataExtTag(mIncludeDataExt_, info_.queryObjectType);
   b.EndAggregate(request);
   XmlDocument doc = b.NewSendRequest();

@@ -60,6 +60,20 @@ struct ListCollectionInfo {
   bool readOnly = false;
 };
 
+// The constant part of a collection's info, the mirror filing the records under the class
+// name; the caller sets what else differs.
+inline ListCollectionInfo CollectionOf(const char* className, qoEnumListType listType, const char* queryRequest,
+                                       qoEnumListObjectType queryObjectType, DirtyStep dirty = DirtyStep::Refuse) {
+  ListCollectionInfo info;
+  info.className = className;
+  info.listType = listType;
+  info.queryRequest = queryRequest;
+  info.queryObjectType = queryObjectType;
+  info.mirrorObjectName = className;
+  info.dirty = dirty;
+  return info;
+}
+
 class ListCollectionBase : public qcList {
  public:
   ~ListCollectionBase() override;
@@ -156,6 +170,8 @@ class ListCollectionBase : public qcList {
                          int32_t MaxReturned, const std::string& sMDBPath);
   int32_t DateSpanQuery(const std::string& request, Date FromDate, Date ToDate, int32_t MaxReturned,
                         const std::string& sMDBPath);
+  // Written after the filter of every hand-built query (the balance filter of Vendors).
+  virtual void WriteQueryTail(xmlBldr&) {}
   // Deletes by hand-built ListDelRq; `delType` is the ListDelType text. `source` names
   // the raiser of a refusal.
   int32_t DeleteRecord(const std::string& ListID, bool bRemove, const std::string& delType, const char* source);

@@ -22,24 +22,7 @@ const Customer& Self(const ListObject& o) { return static_cast<const Customer&>(
 
 bool IsUSEdition(const ListObject&) { return !State().IsNonUSProduct; }
 
-// An address aggregate: sent in add and modify unless Clean (so a New empty address goes
-// out as an empty aggregate); always in the query form.
-void WriteAddress(const std::shared_ptr<Address>& address, const char* tag, xmlBldr& b, WriteMode mode) {
-  if (!address || (mode != WriteMode::QueryRs && address->ObjectState() == qoObjectStateClean)) return;
-  b.OpenAggregateOnly(tag);
-  detail::ListObjectAccess::Write(*address, b);
-  b.EndAggregate(tag);
-}
-
-void ReadAddress(std::shared_ptr<Address>& address, const XmlNode& node) {
-  if (!address) address = std::make_shared<Address>();
-  detail::ListObjectAccess::FromDom(*address, node);
-}
-
-void CheckAddress(const std::shared_ptr<Address>& address, const char* field, qcErrors& errors) {
-  if (address && (address->Validate(), address->Errors()->Count() > 0))
-    errors.Add(err::kAddressError, field, err::kAddressErrorText);
-}
+using E = EntityObject::Shared;
 
 }  // namespace
 
@@ -71,20 +54,8 @@ const ListClassInfo& Customer::Info() {
         text("MiddleName", &Customer::middleName_),
         text("LastName", &Customer::lastName_),
         addOnly(field::Text("Suffix", &Customer::suffix_)),
-        field::Custom(
-            "BillAddress", [](ListObject& o, const XmlNode& n) { ReadAddress(Self(o).billTo_, n); },
-            [](ListObject& o, xmlBldr& b, WriteMode m) { WriteAddress(Self(o).billTo_, "BillAddress", b, m); },
-            [](const ListObject& o) { return Self(o).billTo_ ? AddressText(*Self(o).billTo_) : std::string(); })
-            .Add(Send::Always)
-            .Mod(Send::Always)
-            .As("BillTo"),
-        field::Custom(
-            "ShipAddress", [](ListObject& o, const XmlNode& n) { ReadAddress(Self(o).shipTo_, n); },
-            [](ListObject& o, xmlBldr& b, WriteMode m) { WriteAddress(Self(o).shipTo_, "ShipAddress", b, m); },
-            [](const ListObject& o) { return Self(o).shipTo_ ? AddressText(*Self(o).shipTo_) : std::string(); })
-            .Add(Send::Always)
-            .Mod(Send::Always)
-            .As("ShipTo"),
+        E::AddressRow<&Customer::billTo_, E::AddressRule::UnlessClean>("BillAddress", "BillTo"),
+        E::AddressRow<&Customer::shipTo_, E::AddressRule::UnlessClean>("ShipAddress", "ShipTo"),
         field::Text("PrintAs", &Customer::printAs_),
         text("Phone", &Customer::phone_),
         addOnly(field::Text("Mobile", &Customer::mobile_)),
@@ -178,31 +149,30 @@ const ListClassInfo& Customer::Info() {
         C::NameCheck(41, err::kCustomerNameTooLong, err::kCustomerNameTooLongText),
         C::ParentCheck(),
         length(&Customer::companyName_, "Company Name", 41, err::kCustomerNameTooLong, err::kCustomerNameTooLongText),
-        length(&Customer::salutation_, "Salutation", 15, err::kSalutationTooLong, err::kSalutationTooLongText),
-        length(&Customer::firstName_, "First Name", 25, err::kFirstLastNameTooLong, err::kFirstLastNameTooLongText),
-        length(&Customer::middleName_, "Middle Name", 5, err::kMiddleNameTooLong, err::kMiddleNameTooLongText),
-        length(&Customer::lastName_, "Last Name", 25, err::kFirstLastNameTooLong, err::kFirstLastNameTooLongText),
-        length(&Customer::phone_, "Phone", 21, err::kPhoneTooLong, err::kPhoneTooLongText),
-        check::Custom([](ListObject& o, qcErrors& e) { CheckAddress(Self(o).billTo_, "BillTo", e); }),
-        check::Custom([](ListObject& o, qcErrors& e) { CheckAddress(Self(o).shipTo_, "ShipTo", e); }),
-        length(&Customer::altPhone_, "Alt Phone", 21, err::kPhoneTooLong, err::kPhoneTooLongText),
-        length(&Customer::email_, "Email", 99, err::kEmailTooLong, err::kEmailTooLongText),
+    };
+    for (const CheckDef& c : E::PersonNameChecks()) i.checks.push_back(c);
+    for (const CheckDef& c : std::initializer_list<CheckDef>{
+        E::PhoneCheck(&Customer::phone_, "Phone"),
+        check::Custom([](ListObject& o, qcErrors& e) { E::CheckAddress(Self(o).billTo_, "BillTo", e); }),
+        check::Custom([](ListObject& o, qcErrors& e) { E::CheckAddress(Self(o).shipTo_, "ShipTo", e); }),
+        E::PhoneCheck(&Customer::altPhone_, "Alt Phone"),
+        E::EmailCheck(),
         length(&Customer::contact_, "Contact", 41, err::kCustomerNameTooLong, err::kCustomerNameTooLongText),
         length(&Customer::altContact_, "Alt Contact", 41, err::kCustomerNameTooLong, err::kCustomerNameTooLongText),
         length(&Customer::resaleNumber_, "Resale Number", 15, err::kResaleNumberTooLong,
                err::kResaleNumberTooLongText),
-        length(&Customer::accountNumber_, "Account Number", 99, err::kCustomerAccountNumberTooLong,
-               err::kCustomerAccountNumberTooLongText),
+        E::AccountNumberCheck(),
         // The label of the job description has always been the account number's.
         length(&Customer::jobDescription_, "Account Number", 99, err::kJobDescTooLong, err::kJobDescTooLongText),
-    };
+         })
+      i.checks.push_back(c);
     return i;
   }();
   return info;
 }
 
 Customer::Customer()
-    : ListObject(Info()),
+    : EntityObject(Info()),
       customerType_(std::make_shared<qcListObjectRef>(qoListCustomerTypes)),
       terms_(std::make_shared<qcListObjectRef>(qoListTerms)),
       salesRep_(std::make_shared<qcListObjectRef>(qoListSalesRep)),
@@ -239,7 +209,6 @@ void Customer::SetPaymentMethod(const std::string& value) { SetRef(PaymentMethod
 void Customer::SetOpeningBalance(Currency value) { StoreFromVersion(openingBalance_, value, kNever); }
 void Customer::SetOpeningBalanceDate(Date value) { StoreFromVersion(openingBalanceDate_, value, kNever); }
 void Customer::SetResaleNumber(const std::string& value) { StoreFromVersion(resaleNumber_, value, kV3); }
-void Customer::SetAccountNumber(const std::string& value) { StoreFromVersion(accountNumber_, value, 1); }
 void Customer::SetCreditLimit(Currency value) {
   StoreFromVersion(creditLimit_, value, kV3);
   creditLimitTouched_ = true;
@@ -266,36 +235,18 @@ std::shared_ptr<Address> Customer::ShipTo() {
   return shipTo_;
 }
 
-void Customer::SetCompanyName(const std::string& value) { StoreFromVersion(companyName_, value, 1); }
-void Customer::SetSalutation(const std::string& value) { StoreFromVersion(salutation_, value, 1); }
-void Customer::SetFirstName(const std::string& value) { StoreFromVersion(firstName_, value, 1); }
-void Customer::SetMiddleName(const std::string& value) { StoreFromVersion(middleName_, value, 1); }
-void Customer::SetLastName(const std::string& value) { StoreFromVersion(lastName_, value, 1); }
-void Customer::SetPhone(const std::string& value) { StoreFromVersion(phone_, value, 1); }
-void Customer::SetAltPhone(const std::string& value) { StoreFromVersion(altPhone_, value, 1); }
-void Customer::SetFax(const std::string& value) { StoreFromVersion(fax_, value, 1); }
-void Customer::SetEmail(const std::string& value) { StoreFromVersion(email_, value, 1); }
-void Customer::SetContact(const std::string& value) { StoreFromVersion(contact_, value, 1); }
 void Customer::SetAltContact(const std::string& value) { SetIfChanged(altContact_, value, 0); }
 void Customer::SetNameChecked(const std::string& value) { StoreFromVersion(name_, value, 1); }
 
 // ---- Copies ----------------------------------------------------------------------------
 
-std::shared_ptr<Customer> Customer::Clone() {
-  auto copy = std::make_shared<Customer>();
-  copy->Copy(*this);
-  return copy;
-}
+std::shared_ptr<Customer> Customer::Clone() { return CloneOf(*this); }
 
 void Customer::Copy(Customer& FromCustomer) {
   Customer& f = FromCustomer;
-  accountNumber_ = f.AccountNumber();
-  altContact_ = f.AltContact();
-  altPhone_ = f.AltPhone();
+  CopyEntity(f, false);
   balance_ = f.Balance();
   f.BillTo()->CopyAddress(*BillTo());
-  companyName_ = f.CompanyName();
-  contact_ = f.Contact();
   creditLimit_ = f.CreditLimit();
   detail::ListObjectAccess::SetFullName(*customerType_, f.CustomerType());
   detail::ListObjectAccess::SetFullName(*terms_, f.Terms());
@@ -303,29 +254,19 @@ void Customer::Copy(Customer& FromCustomer) {
   detail::ListObjectAccess::SetFullName(*salesTaxCode_, f.SalesTaxCode());
   detail::ListObjectAccess::SetFullName(*salesTaxItem_, f.SalesTaxItem());
   detail::ListObjectAccess::SetFullName(*jobType_, f.JobType());
-  email_ = f.Email();
-  fax_ = f.Fax();
-  firstName_ = f.FirstName();
-  isActive_ = f.IsActive();
   jobStatus_ = f.JobStatus();
   jobStartDate_ = f.JobStartDate();
   jobProjectedEndDate_ = f.JobProjectedEndDate();
   jobEndDate_ = f.JobEndDate();
   jobDescription_ = f.JobDescription();
-  lastName_ = f.LastName();
-  middleName_ = f.MiddleName();
-  name_ = f.Name();
   notes_ = f.Notes();
   openingBalance_ = f.OpeningBalance();
   openingBalanceDate_ = f.OpeningBalanceDate();
   SetParentInternal(f.Parent());
-  phone_ = f.Phone();
   resaleNumber_ = f.ResaleNumber();
-  salutation_ = f.Salutation();
   f.ShipTo()->CopyAddress(*ShipTo());
   sublevel_ = f.Sublevel();
   totalBalance_ = f.TotalBalance();
-  userData_ = f.UserData();
   SetObjectState(f.ObjectState());
   if (!f.PaymentMethod().empty() || paymentMethod_) detail::ListObjectAccess::SetFullName(*PaymentMethodRef(), f.PaymentMethod());
 

@@ -16,13 +16,13 @@
 #include <string>
 
 #include "tessaron/foundation/enum_codes.h"
-#include "tessaron/framework/list_object.h"
 #include "tessaron/lists/address.h"
 #include "tessaron/lists/credit_card.h"
+#include "tessaron/lists/entity_object.h"
 
 namespace tessaron {
 
-class Customer final : public ListObject {
+class Customer final : public EntityObject {
  public:
   Customer();
 
@@ -59,8 +59,6 @@ class Customer final : public ListObject {
   void SetOpeningBalanceDate(Date value);
   const std::string& ResaleNumber() const { return resaleNumber_; }
   void SetResaleNumber(const std::string& value);
-  const std::string& AccountNumber() const { return accountNumber_; }
-  void SetAccountNumber(const std::string& value);
   // Setting the limit, even to its present value or to 0, makes the next modify send it.
   Currency CreditLimit() const { return creditLimit_; }
   void SetCreditLimit(Currency value);
@@ -85,29 +83,9 @@ class Customer final : public ListObject {
   std::shared_ptr<Address> BillTo();
   std::shared_ptr<Address> ShipTo();
 
-  const std::string& CompanyName() const { return companyName_; }
-  void SetCompanyName(const std::string& value);
-  const std::string& Salutation() const { return salutation_; }
-  void SetSalutation(const std::string& value);
-  const std::string& FirstName() const { return firstName_; }
-  void SetFirstName(const std::string& value);
-  const std::string& MiddleName() const { return middleName_; }
-  void SetMiddleName(const std::string& value);
-  const std::string& LastName() const { return lastName_; }
-  void SetLastName(const std::string& value);
-  const std::string& Phone() const { return phone_; }
-  void SetPhone(const std::string& value);
-  const std::string& AltPhone() const { return altPhone_; }
-  void SetAltPhone(const std::string& value);
-  const std::string& Fax() const { return fax_; }
-  void SetFax(const std::string& value);
-  const std::string& Email() const { return email_; }
-  void SetEmail(const std::string& value);
-  const std::string& Contact() const { return contact_; }
-  void SetContact(const std::string& value);
-  // Writing the present value leaves a stored customer Clean; another value turns it Dirty.
-  const std::string& AltContact() const { return altContact_; }
-  void SetAltContact(const std::string& value);
+  // The names and ways to reach the customer are those of every entity (EntityObject).
+  // Writing the present AltContact leaves a stored customer Clean; another value turns it Dirty.
+  void SetAltContact(const std::string& value) override;
 
   // A new customer with all fields, the state and the jobs of this one.
   std::shared_ptr<Customer> Clone();
@@ -118,6 +96,8 @@ class Customer final : public ListObject {
 
  protected:
   void AfterFromDom() override;
+  // Contact fields follow the version rule too.
+  void GuardContactField() override { CheckFieldFromVersion(1); }
 
  private:
   // Library-internal, through detail::ListObjectAccess.
@@ -145,7 +125,6 @@ class Customer final : public ListObject {
   Currency openingBalance_;
   Date openingBalanceDate_ = 0;
   std::string resaleNumber_;
-  std::string accountNumber_;
   Currency creditLimit_;
   bool creditLimitTouched_ = false;
   std::shared_ptr<tessaron::CreditCard> creditCard_;
@@ -157,20 +136,6 @@ class Customer final : public ListObject {
   std::string notes_;
   std::shared_ptr<Address> billTo_;
   std::shared_ptr<Address> shipTo_;
-  std::string companyName_;
-  std::string salutation_;
-  std::string firstName_;
-  std::string middleName_;
-  std::string lastName_;
-  std::string suffix_;  // travels in add requests and the query form only
-  std::string phone_;
-  std::string mobile_;
-  std::string pager_;
-  std::string altPhone_;
-  std::string fax_;
-  std::string email_;
-  std::string contact_;
-  std::string altContact_;
   std::string printAs_;  // the query form only
   // Unknown (-1), false (0) or true (1); sent only when true.
   int32_t isStatementWithParent_ = -1;

@@ -7,14 +7,17 @@
 #include "tessaron/lists/class.h"
 #include "tessaron/lists/customer_message.h"
 #include "tessaron/lists/customers.h"
+#include "tessaron/lists/employees.h"
 #include "tessaron/lists/entities.h"
 #include "tessaron/lists/items.h"
+#include "tessaron/lists/payroll_item.h"
 #include "tessaron/lists/sales_rep.h"
 #include "tessaron/lists/sales_tax_code.h"
 #include "tessaron/lists/ship_method.h"
 #include "tessaron/lists/template.h"
 #include "tessaron/lists/terms.h"
 #include "tessaron/lists/to_do.h"
+#include "tessaron/lists/vendors.h"
 #include "tessaron/platform/text.h"
 
 namespace tessaron {
@@ -34,10 +37,14 @@ const std::map<std::string, Factory>& Catalog() {
       {"CustomerMessages", Make<CustomerMessages>()},
       {"CustomerTypes", Make<CustomerTypes>()},
       {"Customers", Make<Customers>()},
+      {"Employees", Make<Employees>()},
       {"Entities", Make<Entities>()},
       {"Items", Make<Items>()},
       {"JobTypes", Make<JobTypes>()},
+      {"OtherNames", Make<OtherNames>()},
       {"PaymentMethods", Make<PaymentMethods>()},
+      {"PayrollItemNonWages", Make<PayrollItemNonWages>()},
+      {"PayrollItemWages", Make<PayrollItemWages>()},
       {"SalesReps", Make<SalesReps>()},
       {"SalesTaxCodes", Make<SalesTaxCodes>()},
       {"ShipMethods", Make<ShipMethods>()},
@@ -46,6 +53,7 @@ const std::map<std::string, Factory>& Catalog() {
       {"Terms", Make<Terms>()},
       {"ToDoList", Make<ToDoList>()},
       {"VendorTypes", Make<VendorTypes>()},
+      {"Vendors", Make<Vendors>()},
   };
   return catalog;
 }

@@ -164,17 +164,26 @@ TEST(CompanyLists, RegistryHandsOutTheMasterInstances) {
   EXPECT_TRUE(company->Customers()->IsMaster());
   EXPECT_TRUE(company->ToDoList()->IsMaster());
   EXPECT_FALSE(company->Templates()->IsMaster());
-  EXPECT_EQ(company->Lists()->Count(), 15);
+  EXPECT_EQ(company->Lists()->Count(), 20);
   EXPECT_EQ(company->Lists()->Item(Variant("Item")), std::static_pointer_cast<qcList>(company->Items()));
   EXPECT_EQ(company->Lists()->Item(Variant("Account")), std::static_pointer_cast<qcList>(company->Accounts()));
+  // The entity lists and payroll items, under the keys of their list types.
+  EXPECT_EQ(company->Lists()->Item(Variant("Vendor")), std::static_pointer_cast<qcList>(company->Vendors()));
+  EXPECT_EQ(company->Lists()->Item(Variant("OtherName")), std::static_pointer_cast<qcList>(company->OtherNames()));
+  EXPECT_EQ(CurrentListFor(qoListEmployees), std::static_pointer_cast<qcList>(company->Employees()));
+  EXPECT_EQ(CurrentListFor(qoListPayrollItemWages), std::static_pointer_cast<qcList>(company->PayrollItemWages()));
+  EXPECT_EQ(CurrentListFor(qoListPayrollItemNonWages),
+            std::static_pointer_cast<qcList>(company->PayrollItemNonWages()));
+  EXPECT_EQ(TessaronGlobals::Vendors(), company->Vendors());
+  EXPECT_EQ(TessaronGlobals::Employees(), company->Employees());
 }
 
 TEST(CompanyLists, CollectionsStillToComeSayTheyAreNotAvailable) {
   CompanySession qb;
-  const auto e = testing::Raised([] { TessaronGlobals::Vendors(); });
+  const auto e = testing::Raised([] { TessaronGlobals::Invoices(); });
   ASSERT_TRUE(e);
   EXPECT_EQ(static_cast<uint32_t>(e->Number()), err::kFeatureNotSupported);
-  EXPECT_EQ(e->Description(), "Vendors is not available in this version of Tessaron.");
+  EXPECT_EQ(e->Description(), "Invoices is not available in this version of Tessaron.");
   EXPECT_EQ(NumberRaised([&] { qb.company()->Invoices(); }), err::kFeatureNotSupported);
 }
 
