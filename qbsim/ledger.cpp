@@ -119,7 +119,11 @@ void LedgerStore::WriteLinesAndPostings(const TxnRecord& t, std::span<const TxnL
   int position = 0;
   for (const TxnLineRecord& l : lines)
     line.Bind(1, t.txnId).Bind(2, position++).Bind(3, l.lineId).Bind(4, l.groupLineId).Bind(5, l.body).Run();
-  SqlStatement post = db.Prepare(
+  AddPostings(t, postings);
+}
+
+void LedgerStore::AddPostings(const TxnRecord& t, std::span<const Posting> postings) {
+  SqlStatement post = file_.Db().Prepare(
       "INSERT INTO posting(txn_id, txn_date, account_id, amount, entity_id, item_id, class_id, open_txn_id) "
       "VALUES(?,?,?,?,?,?,?,?)");
   for (const Posting& p : postings) {
@@ -193,7 +197,8 @@ void LedgerStore::Select(const TxnSelection& s, const std::function<bool(const T
   if (s.txnDateTo) sql += " AND txn_date <= ?";
   if (!s.entityIds.empty()) sql += " AND entity_id IN (" + Placeholders(s.entityIds.size()) + ")";
   if (!s.accountIds.empty())
-    sql += " AND txn_id IN (SELECT txn_id FROM posting WHERE account_id IN (" + Placeholders(s.accountIds.size()) + "))";
+    sql += " AND (account_id IN (" + Placeholders(s.accountIds.size()) +
+           ") OR txn_id IN (SELECT txn_id FROM posting WHERE account_id IN (" + Placeholders(s.accountIds.size()) + ")))";
   sql += " ORDER BY txn_date, txn_number";
   SqlStatement st = file_.Db().Prepare(sql);
   int i = 1;
@@ -205,7 +210,8 @@ void LedgerStore::Select(const TxnSelection& s, const std::function<bool(const T
   if (s.txnDateFrom) st.Bind(i++, *s.txnDateFrom);
   if (s.txnDateTo) st.Bind(i++, *s.txnDateTo);
   for (const std::string& e : s.entityIds) st.Bind(i++, e);
-  for (const std::string& a : s.accountIds) st.Bind(i++, a);
+  for (int twice = 0; twice < 2; ++twice)
+    for (const std::string& a : s.accountIds) st.Bind(i++, a);
   int n = 0;
   while (st.Step()) {
     if (!onRow(ReadTxn(st))) break;
@@ -242,9 +248,12 @@ std::string LedgerStore::NextRefNumber(std::string_view kind) {
   return last.substr(0, digits) + number;
 }
 
-int64_t LedgerStore::AccountBalance(std::string_view accountId) {
-  SqlStatement st = file_.Db().Prepare("SELECT coalesce(sum(amount), 0) FROM posting WHERE account_id = ?");
+int64_t LedgerStore::AccountBalance(std::string_view accountId, bool withChildren) {
+  std::string sql = "SELECT coalesce(sum(amount), 0) FROM posting WHERE account_id ";
+  sql += withChildren ? std::string("IN ") + kEntityTree : std::string("= ?");
+  SqlStatement st = file_.Db().Prepare(sql);
   st.Bind(1, accountId);
+  if (withChildren) st.Bind(2, accountId).Bind(3, accountId);
   return st.Step() ? st.Int(0) : 0;
 }
 

@@ -78,6 +78,9 @@ class LedgerStore {
   void Update(const TxnRecord& txn, std::span<const TxnLineRecord> lines, std::span<const Posting> postings);
   void Delete(const TxnRecord& txn, const std::string& timeDeleted, double deletedAt);
 
+  // Rows that belong to no stored transaction (opening balances), added to those already there.
+  void AddPostings(const TxnRecord& owner, std::span<const Posting> postings);
+
   std::optional<TxnRecord> ByTxnId(std::string_view txnId);
   std::vector<TxnLineRecord> Lines(std::string_view txnId);
   // Calls `onRow` for each selected transaction by date then number; stops when it returns false.
@@ -88,7 +91,7 @@ class LedgerStore {
   std::string NextRefNumber(std::string_view kind);
 
   // Sums of postings.
-  int64_t AccountBalance(std::string_view accountId);
+  int64_t AccountBalance(std::string_view accountId, bool withChildren = false);
   // The receivable (or payable) rows of an entity, alone or with everything below it.
   int64_t EntityBalance(std::string_view entityId, std::span<const std::string> accountIds, bool withChildren);
   // What is still open of a document: its own rows and those applied to it, on those accounts.

@@ -24,9 +24,9 @@ constexpr SpecialAccountDefault kDefaults[] = {
 };
 
 // Accounts whose field `tag` has `value`, oldest first.
-std::vector<std::string> AccountsWith(RequestContext& ctx, std::string_view tag, std::string_view value) {
+std::vector<std::string> AccountsWith(CompanyFile& file, std::string_view tag, std::string_view value) {
   std::vector<std::string> out;
-  SqlStatement st = ctx.file.Db().Prepare("SELECT list_id, body FROM list_record WHERE kind = 'Account' ORDER BY rowid");
+  SqlStatement st = file.Db().Prepare("SELECT list_id, body FROM list_record WHERE kind = 'Account' ORDER BY rowid");
   FieldView fields;
   while (st.Step()) {
     fields.Parse(st.Text(1));
@@ -39,17 +39,21 @@ std::vector<std::string> AccountsWith(RequestContext& ctx, std::string_view tag,
 }  // namespace
 
 std::vector<std::string> AccountsOfType(RequestContext& ctx, std::string_view accountType) {
-  return AccountsWith(ctx, "AccountType", accountType);
+  return AccountsWith(ctx.file, "AccountType", accountType);
 }
 
 std::string SpecialAccount(RequestContext& ctx, WriteScope* scope, std::string_view specialType) {
-  std::vector<std::string> found = AccountsWith(ctx, "SpecialAccountType", specialType);
+  return SpecialAccount(ctx.file, ctx.store, scope, specialType);
+}
+
+std::string SpecialAccount(CompanyFile& file, ListStore& store, WriteScope* scope, std::string_view specialType) {
+  std::vector<std::string> found = AccountsWith(file, "SpecialAccountType", specialType);
   if (!found.empty()) return found.front();
   if (!scope) return {};
   for (const SpecialAccountDefault& d : kDefaults) {
     if (specialType != d.special) continue;
     // A user's account of the name is taken over rather than named twice.
-    auto holder = ctx.store.NameHolder("Account", d.name);
+    auto holder = store.NameHolder("Account", d.name);
     if (holder) return holder->listId;
     ListRecord rec;
     rec.kind = "Account";
@@ -61,7 +65,7 @@ std::string SpecialAccount(RequestContext& ctx, WriteScope* scope, std::string_v
     body.Set("AccountType", d.type);
     body.Set("SpecialAccountType", d.special);
     rec.body = body.Encode();
-    ctx.store.Insert(rec, {});
+    store.Insert(rec, {});
     return rec.listId;
   }
   return {};

@@ -102,6 +102,7 @@ struct Looked {
   std::string kind;
   FieldMap fields;
   bool active = true;
+  std::string parentId;
 };
 
 class Lookup {
@@ -113,7 +114,7 @@ class Lookup {
     if (it == cache_.end()) {
       auto rec = ctx_.store.ByListId(listId);
       std::optional<Looked> v;
-      if (rec) v = Looked{rec->kind, FieldMap::Decode(rec->body), rec->isActive};
+      if (rec) v = Looked{rec->kind, FieldMap::Decode(rec->body), rec->isActive, rec->parentListId};
       it = cache_.emplace(listId, v).first;
     }
     return it->second ? &*it->second : nullptr;
@@ -338,18 +339,24 @@ Status CompleteInvoice(RequestContext& ctx, TxnDocument& doc, bool isNew) {
   if (const std::string* ar = h.Find("ARAccountRef"); ar && lists.Get(*ar, "AccountType") != "AccountsReceivable")
     return status::InvalidReference("Account", ctx.store.FullNameOf(*ar) + " (not an accounts receivable account)");
   if (isNew) {
-    // What the form takes over from the customer when the request leaves it out.
+    // What the form takes over from the customer when the request leaves it out; a job
+    // without its own takes its customer's.
+    auto inherited = [&](const char* tag) {
+      for (const Looked* c = customer; c; c = lists.Find(c->parentId))
+        if (const std::string* v = c->fields.Find(tag)) return *v;
+      return std::string();
+    };
     for (const char* tag : {"TermsRef", "SalesRepRef"})
-      if (!h.Has(tag) && customer->fields.Has(tag)) h.Set(tag, customer->fields.Get(tag));
+      if (!h.Has(tag) && !inherited(tag).empty()) h.Set(tag, inherited(tag));
     for (const char* tag : {"BillAddress", "ShipAddress"})
       if (!h.HasTree(tag))
         for (const auto& [p, v] : customer->fields.Items())
           if (PathInTree(p, tag)) h.Set(p, v);
     if (ctx.IsUS()) {
-      if (!h.Has("CustomerSalesTaxCodeRef") && customer->fields.Has("SalesTaxCodeRef"))
-        h.Set("CustomerSalesTaxCodeRef", customer->fields.Get("SalesTaxCodeRef"));
+      if (!h.Has("CustomerSalesTaxCodeRef") && !inherited("SalesTaxCodeRef").empty())
+        h.Set("CustomerSalesTaxCodeRef", inherited("SalesTaxCodeRef"));
       if (!h.Has("ItemSalesTaxRef")) {
-        std::string tax(customer->fields.Get("ItemSalesTaxRef"));
+        std::string tax = inherited("ItemSalesTaxRef");
         if (tax.empty()) tax = FieldMap::Decode(ctx.file.Meta(meta::kPreferences)).Get("SalesTaxPreferences/DefaultItemSalesTaxRef");
         if (!tax.empty()) h.Set("ItemSalesTaxRef", tax);
       }

@@ -19,6 +19,8 @@
 
 namespace tessaron::qbsim {
 
+class CompanyFile;
+class ListStore;
 class RequestContext;
 class WriteScope;
 
@@ -72,6 +74,7 @@ std::span<const Field> SalesGroupLineFields();
 // The ListID of the account with that special type (AccountsReceivable, SalesTaxPayable,
 // UncategorizedIncome, OpeningBalanceEquity, ...); created as QuickBooks creates it when the
 // file has none and a scope is given, else empty.
+std::string SpecialAccount(CompanyFile& file, ListStore& store, WriteScope* scope, std::string_view specialType);
 std::string SpecialAccount(RequestContext& ctx, WriteScope* scope, std::string_view specialType);
 // Every account of an account type.
 std::vector<std::string> AccountsOfType(RequestContext& ctx, std::string_view accountType);
