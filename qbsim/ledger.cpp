@@ -110,12 +110,17 @@ std::string CentsText(int64_t raw) { return FormatCurrency(Currency::FromRaw(Rou
 
 LedgerStore::LedgerStore(CompanyFile& file) : file_(file) {}
 
+SqlStatement& LedgerStore::Cached(const char* sql) {
+  auto it = statements_.find(sql);
+  if (it == statements_.end()) it = statements_.emplace(sql, file_.Db().Prepare(sql)).first;
+  return it->second;
+}
+
 void LedgerStore::WriteLinesAndPostings(const TxnRecord& t, std::span<const TxnLineRecord> lines,
                                         std::span<const Posting> postings) {
-  SqlDatabase& db = file_.Db();
-  db.Prepare("DELETE FROM txn_line WHERE txn_id = ?").Bind(1, t.txnId).Run();
-  db.Prepare("DELETE FROM posting WHERE txn_id = ?").Bind(1, t.txnId).Run();
-  SqlStatement line = db.Prepare("INSERT INTO txn_line(txn_id, position, line_id, group_line_id, body) VALUES(?,?,?,?,?)");
+  Cached("DELETE FROM txn_line WHERE txn_id = ?").Bind(1, t.txnId).Run();
+  Cached("DELETE FROM posting WHERE txn_id = ?").Bind(1, t.txnId).Run();
+  SqlStatement& line = Cached("INSERT INTO txn_line(txn_id, position, line_id, group_line_id, body) VALUES(?,?,?,?,?)");
   int position = 0;
   for (const TxnLineRecord& l : lines)
     line.Bind(1, t.txnId).Bind(2, position++).Bind(3, l.lineId).Bind(4, l.groupLineId).Bind(5, l.body).Run();
@@ -123,7 +128,7 @@ void LedgerStore::WriteLinesAndPostings(const TxnRecord& t, std::span<const TxnL
 }
 
 void LedgerStore::AddPostings(const TxnRecord& t, std::span<const Posting> postings) {
-  SqlStatement post = file_.Db().Prepare(
+  SqlStatement& post = Cached(
       "INSERT INTO posting(txn_id, txn_date, account_id, amount, entity_id, item_id, class_id, open_txn_id) "
       "VALUES(?,?,?,?,?,?,?,?)");
   for (const Posting& p : postings) {
@@ -144,7 +149,7 @@ SqlStatement& BindTxn(SqlStatement& st, const TxnRecord& t) {
 }  // namespace
 
 void LedgerStore::Insert(TxnRecord& t, std::span<const TxnLineRecord> lines, std::span<const Posting> postings) {
-  SqlStatement st = file_.Db().Prepare(
+  SqlStatement& st = Cached(
       "INSERT INTO txn(kind, txn_id, txn_number, edit_sequence, time_created, time_modified, modified_at, txn_date, "
       "ref_number, entity_id, account_id, is_void, body) VALUES(?,?,?,?,?,?,?,?,?,?,?,?,?)");
   BindTxn(st, t).Run();
@@ -220,8 +225,10 @@ void LedgerStore::Select(const TxnSelection& s, const std::function<bool(const T
 }
 
 int64_t LedgerStore::NextTxnNumber() {
-  SqlStatement st = file_.Db().Prepare("SELECT coalesce(max(txn_number), 0) + 1 FROM txn");
-  return st.Step() ? st.Int(0) : 1;
+  SqlStatement& st = Cached("SELECT coalesce(max(txn_number), 0) + 1 FROM txn");
+  int64_t n = st.Step() ? st.Int(0) : 1;
+  st.Reset();
+  return n;
 }
 
 std::string LedgerStore::NextRefNumber(std::string_view kind) {

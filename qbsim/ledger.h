@@ -9,6 +9,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <map>
 #include <optional>
 #include <span>
 #include <string>
@@ -111,7 +112,10 @@ class LedgerStore {
  private:
   void WriteLinesAndPostings(const TxnRecord& txn, std::span<const TxnLineRecord> lines,
                              std::span<const Posting> postings);
+  // A statement prepared once per store: a sample company writes tens of thousands of documents.
+  SqlStatement& Cached(const char* sql);
   CompanyFile& file_;
+  std::map<const char*, SqlStatement> statements_;
 };
 
 }  // namespace tessaron::qbsim

@@ -10,6 +10,7 @@
 #include "qbsim/list_store.h"
 #include "qbsim/record_kind.h"
 #include "qbsim/record_reader.h"
+#include "qbsim/sample_invoices.h"
 #include "qbsim/status.h"
 #include "tessaron/platform/currency.h"
 #include "tessaron/platform/error.h"
@@ -439,6 +440,7 @@ void Fill(CompanyFile& file, const SampleOptions& o) {
   for (const auto& [path, v] : p) prefs.Set(path, v);
   file.SetMeta(meta::kPreferences, prefs.Encode());
   b.PostOpeningBalances();
+  AddSampleInvoices(file, scope, o.edition, o.newestVersion, o.invoices < 0 ? o.customers / 2 : o.invoices);
   scope.Commit();
 }
 

@@ -65,6 +65,11 @@ struct TxnKind {
 };
 
 std::span<const TxnKind> TxnKinds();
+
+// Stores a worked-out document with its lines and its postings, in the scope's transaction;
+// a document without its account gets the kind's default one.
+void StoreTxn(RequestContext& ctx, const TxnKind& kind, TxnDocument& doc, WriteScope& scope, LedgerStore& ledger,
+              bool isNew);
 const TxnKind* FindTxnKind(std::string_view name);
 
 // The field tables of sales lines and group lines, shared by the sales documents.

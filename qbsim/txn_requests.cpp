@@ -186,7 +186,10 @@ void WriteRet(RequestContext& ctx, const TxnKind& kind, const TxnDocument& doc, 
   out.Raw(text.str());
 }
 
-void Store(RequestContext& ctx, const TxnKind& kind, TxnDocument& doc, WriteScope& scope, bool isNew) {
+}  // namespace
+
+void StoreTxn(RequestContext& ctx, const TxnKind& kind, TxnDocument& doc, WriteScope& scope, LedgerStore& ledger,
+              bool isNew) {
   if (!doc.header.Has(kind.accountTag)) doc.header.Set(kind.accountTag, SpecialAccount(ctx, &scope, "AccountsReceivable"));
   doc.record.kind = kind.name;
   doc.record.txnDate = doc.header.Get("TxnDate");
@@ -196,9 +199,15 @@ void Store(RequestContext& ctx, const TxnKind& kind, TxnDocument& doc, WriteScop
   std::vector<TxnLineRecord> lines = LineRecords(doc, scope);
   std::vector<Posting> rows = doc.record.isVoid ? std::vector<Posting>{} : kind.post(ctx, scope, doc);
   doc.record.body = doc.header.Encode();
-  LedgerStore ledger(ctx.file);
   if (isNew) ledger.Insert(doc.record, lines, rows);
   else ledger.Update(doc.record, lines, rows);
+}
+
+namespace {
+
+void Store(RequestContext& ctx, const TxnKind& kind, TxnDocument& doc, WriteScope& scope, bool isNew) {
+  LedgerStore ledger(ctx.file);
+  StoreTxn(ctx, kind, doc, scope, ledger, isNew);
 }
 
 Status Add(RequestContext& ctx, const TxnKind& kind, const pugi::xml_node& request, XmlOut& out) {

@@ -21,16 +21,37 @@ std::string Line(const std::string& item, const std::string& more = "") {
 
 class InvoiceLedgerTest : public QbsimTest {
  protected:
-  void SetUp() override {
+  void SetUp() override { SetUpWith(0); }
+
+  void SetUpWith(int sampleInvoices) {
     QbsimTest::SetUp();
-    Open();
+    SampleOptions sample;
+    sample.invoices = sampleInvoices;
+    Open(sample);
     AddCustomer("Test Taxable", "<TermsRef><FullName>Net 30</FullName></TermsRef><SalesTaxCodeRef><FullName>Tax"
                                 "</FullName></SalesTaxCodeRef><ItemSalesTaxRef><FullName>State Tax</FullName>"
                                 "</ItemSalesTaxRef>");
     AddCustomer("Test Exempt", "<SalesTaxCodeRef><FullName>Non</FullName></SalesTaxCodeRef><ItemSalesTaxRef>"
                                "<FullName>State Tax</FullName></ItemSalesTaxRef>");
-    arStart_ = Balance("Account", "Accounts Receivable");
-    for (const auto& [name, balance] : CustomerBalances()) customersStart_[name] = balance;
+    // What is owed beyond the open invoices is the opening balances.
+    OpenInvoices open = Unpaid();
+    arOpening_ = Balance("Account", "Accounts Receivable") - open.total;
+    for (const auto& [name, balance] : CustomerBalances()) customersOpening_[name] = balance - open.byCustomer[name];
+  }
+
+  struct OpenInvoices {
+    double total = 0;
+    std::map<std::string, double> byCustomer;
+  };
+  OpenInvoices Unpaid() {
+    OpenInvoices o;
+    Response open = Send("<InvoiceQueryRq><PaidStatus>NotPaidOnly</PaidStatus></InvoiceQueryRq>");
+    for (pugi::xml_node inv : open.Records()) {
+      double remaining = Number(inv.child_value("BalanceRemaining"));
+      o.total += remaining;
+      o.byCustomer[inv.child("CustomerRef").child_value("FullName")] += remaining;
+    }
+    return o;
   }
 
   // The invariants of the ledger, whatever the test did.
@@ -38,18 +59,11 @@ class InvoiceLedgerTest : public QbsimTest {
     if (processor_) {
       auto file = CompanyFile::Open(path_);
       EXPECT_EQ(LedgerStore(*file).Imbalance(), 0) << "debits and credits differ";
-      Response open = Send("<InvoiceQueryRq><PaidStatus>NotPaidOnly</PaidStatus></InvoiceQueryRq>");
-      double openTotal = 0;
-      std::map<std::string, double> byCustomer;
-      for (pugi::xml_node inv : open.Records()) {
-        double remaining = Number(inv.child_value("BalanceRemaining"));
-        openTotal += remaining;
-        byCustomer[inv.child("CustomerRef").child_value("FullName")] += remaining;
-      }
-      EXPECT_NEAR(Balance("Account", "Accounts Receivable") - arStart_, openTotal, 0.001)
-          << "the receivable account is not the sum of the open invoices";
+      OpenInvoices open = Unpaid();
+      EXPECT_NEAR(Balance("Account", "Accounts Receivable"), arOpening_ + open.total, 0.001)
+          << "the receivable account is not the sum of the open invoices and the opening balances";
       for (const auto& [name, balance] : CustomerBalances())
-        EXPECT_NEAR(balance - customersStart_[name], byCustomer[name], 0.001) << name;
+        EXPECT_NEAR(balance, customersOpening_[name] + open.byCustomer[name], 0.001) << name;
     }
     QbsimTest::TearDown();
   }
@@ -79,8 +93,8 @@ class InvoiceLedgerTest : public QbsimTest {
                 lines + "</InvoiceAdd></InvoiceAddRq>");
   }
 
-  double arStart_ = 0;
-  std::map<std::string, double> customersStart_;
+  double arOpening_ = 0;
+  std::map<std::string, double> customersOpening_;
 };
 
 // ---- The arithmetic of the lines, by worked example ----
@@ -339,7 +353,7 @@ TEST_F(InvoiceLedgerTest, VoidKeepsTheInvoiceWithZeroAmountsAndMemo) {
   EXPECT_EQ(q.Value("InvoiceRet/BalanceRemaining"), "0.00");
   EXPECT_EQ(q.Value("InvoiceRet/InvoiceLineRet/Amount"), "0.00");
   EXPECT_EQ(q.Value("InvoiceRet/InvoiceLineRet/Quantity"), "0");
-  EXPECT_DOUBLE_EQ(Balance("Customer", "Test Taxable"), customersStart_["Test Taxable"]);
+  EXPECT_DOUBLE_EQ(Balance("Customer", "Test Taxable"), customersOpening_["Test Taxable"]);
 }
 
 TEST_F(InvoiceLedgerTest, DeleteRemovesTheInvoiceAndLogsIt) {
@@ -370,6 +384,28 @@ TEST_F(InvoiceLedgerTest, InvoicesMoveCustomerAndAccountBalances) {
   Response parent = Send("<CustomerQueryRq><FullName>Test Taxable</FullName></CustomerQueryRq>");
   EXPECT_EQ(parent.Value("CustomerRet/Balance"), "0.00");
   EXPECT_EQ(parent.Value("CustomerRet/TotalBalance"), "116.00");
+}
+
+// ---- The sample company's invoices ----
+
+class SampleInvoicesTest : public InvoiceLedgerTest {
+ protected:
+  void SetUp() override { SetUpWith(40); }
+};
+
+TEST_F(SampleInvoicesTest, SampleCompanyHoldsPaidAndOpenInvoicesOfTheLastTwoYears) {
+  Response all = Send("<InvoiceQueryRq><IncludeLineItems>true</IncludeLineItems></InvoiceQueryRq>");
+  ASSERT_EQ(all.Records().size(), 40u);
+  std::string twoYearsAgo = FormatDate(Today() - 731, "yyyy-mm-dd"), today = FormatDate(Today(), "yyyy-mm-dd");
+  int paid = 0;
+  for (pugi::xml_node inv : all.Records()) {
+    EXPECT_GE(std::string(inv.child_value("TxnDate")), twoYearsAgo);
+    EXPECT_LE(std::string(inv.child_value("TxnDate")), today);
+    EXPECT_TRUE(inv.child("InvoiceLineRet") || inv.child("InvoiceLineGroupRet"));
+    paid += std::string(inv.child_value("IsPaid")) == "true";
+  }
+  EXPECT_GT(paid, 0);
+  EXPECT_LT(paid, 40);
 }
 
 // ---- Queries ----
