@@ -295,6 +295,14 @@ int64_t LedgerStore::TxnAmount(std::string_view txnId, std::span<const std::stri
   return st.Step() ? st.Int(0) : 0;
 }
 
+int64_t LedgerStore::ReferenceCount(std::string_view listId) {
+  SqlStatement st = file_.Db().Prepare(
+      "SELECT (SELECT count(*) FROM posting WHERE account_id = ?1 OR entity_id = ?1 OR item_id = ?1 OR class_id = ?1) + "
+      "(SELECT count(*) FROM txn WHERE entity_id = ?1 OR account_id = ?1)");
+  st.Bind(1, listId);
+  return st.Step() ? st.Int(0) : 0;
+}
+
 int64_t LedgerStore::Imbalance() {
   SqlStatement st = file_.Db().Prepare("SELECT coalesce(sum(amount), 0) FROM posting");
   return st.Step() ? st.Int(0) : 0;

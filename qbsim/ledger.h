@@ -99,6 +99,8 @@ class LedgerStore {
   int64_t OpenAmount(std::string_view txnId, std::span<const std::string> accountIds);
   // The sum of a transaction's own rows on those accounts.
   int64_t TxnAmount(std::string_view txnId, std::span<const std::string> accountIds);
+  // How many postings and documents name a list record (account, entity, item, class).
+  int64_t ReferenceCount(std::string_view listId);
   // Every posting of the file summed: zero in a sound ledger.
   int64_t Imbalance();
 

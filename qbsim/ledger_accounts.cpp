@@ -26,7 +26,10 @@ constexpr SpecialAccountDefault kDefaults[] = {
 // Accounts whose field `tag` has `value`, oldest first.
 std::vector<std::string> AccountsWith(CompanyFile& file, std::string_view tag, std::string_view value) {
   std::vector<std::string> out;
-  SqlStatement st = file.Db().Prepare("SELECT list_id, body FROM list_record WHERE kind = 'Account' ORDER BY rowid");
+  // The text search narrows the accounts to those that can match before their fields are read.
+  SqlStatement st = file.Db().Prepare(
+      "SELECT list_id, body FROM list_record WHERE kind = 'Account' AND instr(body, ?) > 0 ORDER BY rowid");
+  st.Bind(1, value);
   FieldView fields;
   while (st.Step()) {
     fields.Parse(st.Text(1));

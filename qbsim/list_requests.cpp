@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <vector>
 
+#include "qbsim/ledger.h"
 #include "qbsim/ledger_balances.h"
 #include "qbsim/record_reader.h"
 #include "qbsim/record_writer.h"
@@ -344,6 +345,7 @@ Status Delete(RequestContext& ctx, const pugi::xml_node& request, XmlOut& out) {
   if (!rec || rec->kind != kind->name) return status::ObjectNotFound(listId);
   if (!ctx.store.Children(listId).empty()) return status::InUse(rec->fullName, "it has sub-items.");
   if (ctx.store.ReferenceCount(listId) > 0) return status::InUse(rec->fullName, "other records refer to it.");
+  if (LedgerStore(ctx.file).ReferenceCount(listId) > 0) return status::InUse(rec->fullName, "transactions refer to it.");
 
   WriteScope scope(ctx.file);
   ctx.store.Delete(*rec, scope);

@@ -211,7 +211,9 @@ bool TaxableCode(Lookup& lists, const std::string& codeId) {
   return code && code->fields.Get("IsTaxable") == "true";
 }
 
-Status WorkLine(RequestContext& ctx, Lookup& lists, TxnLine& line, Running& run, bool customerTaxable) {
+// `defaultCode` is the tax code of items that have none (the file's non-taxable code).
+Status WorkLine(RequestContext& ctx, Lookup& lists, TxnLine& line, Running& run, bool customerTaxable,
+                const std::string& defaultCode) {
   FieldMap& f = line.fields;
   const std::string itemId = FirstOf(f, {"ItemRef"});
   const Looked* item = lists.Find(itemId);
@@ -245,7 +247,7 @@ Status WorkLine(RequestContext& ctx, Lookup& lists, TxnLine& line, Running& run,
   }
   if (!f.Has("SalesTaxCodeRef") && ctx.IsUS()) {
     std::string code(item->fields.Get("SalesTaxCodeRef"));
-    if (code.empty()) code = FieldMap::Decode(ctx.file.Meta(meta::kPreferences)).Get("SalesTaxPreferences/DefaultNonTaxableSalesTaxCodeRef");
+    if (code.empty()) code = defaultCode;
     if (!code.empty() && kind != "ItemSalesTax" && kind != "ItemSalesTaxGroup" && kind != "ItemPayment")
       f.Set("SalesTaxCodeRef", code);
   }
@@ -332,6 +334,8 @@ Status ExpandGroup(RequestContext& ctx, Lookup& lists, TxnLine& line) {
 Status CompleteInvoice(RequestContext& ctx, TxnDocument& doc, bool isNew) {
   Lookup lists(ctx);
   FieldMap& h = doc.header;
+  const FieldMap prefs = FieldMap::Decode(ctx.file.Meta(meta::kPreferences));
+  const std::string defaultCode(prefs.Get("SalesTaxPreferences/DefaultNonTaxableSalesTaxCodeRef"));
   const std::string customerId(h.Get("CustomerRef"));
   const Looked* customer = lists.Find(customerId);
   if (!customer) return status::MissingElement("CustomerRef");
@@ -357,7 +361,7 @@ Status CompleteInvoice(RequestContext& ctx, TxnDocument& doc, bool isNew) {
         h.Set("CustomerSalesTaxCodeRef", inherited("SalesTaxCodeRef"));
       if (!h.Has("ItemSalesTaxRef")) {
         std::string tax = inherited("ItemSalesTaxRef");
-        if (tax.empty()) tax = FieldMap::Decode(ctx.file.Meta(meta::kPreferences)).Get("SalesTaxPreferences/DefaultItemSalesTaxRef");
+        if (tax.empty()) tax = prefs.Get("SalesTaxPreferences/DefaultItemSalesTaxRef");
         if (!tax.empty()) h.Set("ItemSalesTaxRef", tax);
       }
     }
@@ -377,7 +381,7 @@ Status CompleteInvoice(RequestContext& ctx, TxnDocument& doc, bool isNew) {
   Running run;
   for (TxnLine& line : doc.lines) {
     if (!line.isGroup) {
-      if (Status s = WorkLine(ctx, lists, line, run, customerTaxable); !s.Ok()) return s;
+      if (Status s = WorkLine(ctx, lists, line, run, customerTaxable, defaultCode); !s.Ok()) return s;
       continue;
     }
     if (Status s = ExpandGroup(ctx, lists, line); !s.Ok()) return s;
@@ -386,7 +390,7 @@ Status CompleteInvoice(RequestContext& ctx, TxnDocument& doc, bool isNew) {
     inner.taxable = run.taxable;
     int64_t total = 0;
     for (TxnLine& m : line.members) {
-      if (Status s = WorkLine(ctx, lists, m, inner, customerTaxable); !s.Ok()) return s;
+      if (Status s = WorkLine(ctx, lists, m, inner, customerTaxable, defaultCode); !s.Ok()) return s;
       if (m.itemKind != "ItemSubtotal") total += m.amount;
     }
     line.itemKind = "ItemGroup";

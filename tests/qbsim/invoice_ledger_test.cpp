@@ -386,6 +386,20 @@ TEST_F(InvoiceLedgerTest, InvoicesMoveCustomerAndAccountBalances) {
   EXPECT_EQ(parent.Value("CustomerRet/TotalBalance"), "116.00");
 }
 
+TEST_F(InvoiceLedgerTest, ACustomerOrItemOnAnInvoiceCannotBeDeleted) {
+  ASSERT_EQ(Send("<ItemServiceAddRq><ItemServiceAdd><Name>Once Only</Name><SalesOrPurchase><Price>5</Price>"
+                 "<AccountRef><FullName>Services</FullName></AccountRef></SalesOrPurchase></ItemServiceAdd>"
+                 "</ItemServiceAddRq>").Status(), 0);
+  AddCustomer("Short Lived", "");
+  ASSERT_EQ(AddInvoice("Short Lived", "", Line("Once Only")).Status(), 0);
+  auto del = [&](const std::string& type, const std::string& name) {
+    return Send("<ListDelRq><ListDelType>" + type + "</ListDelType><ListID>" + Key(type, name).first +
+                "</ListID></ListDelRq>").Status();
+  };
+  EXPECT_EQ(del("Customer", "Short Lived"), status::kInUse);
+  EXPECT_EQ(del("ItemService", "Once Only"), status::kInUse);
+}
+
 // ---- The sample company's invoices ----
 
 class SampleInvoicesTest : public InvoiceLedgerTest {
