@@ -45,6 +45,7 @@ void AddSampleInvoices(CompanyFile& file, WriteScope& scope, Edition edition, in
   ProcessorOptions options;
   RequestContext ctx(file, options, edition, newestVersion, newestVersion);
   LedgerStore ledger(file);
+  ListCache lists(ctx);
   const Date today = Today();
   uint32_t dice = 12345;
   auto roll = [&](int n) {
@@ -80,7 +81,7 @@ void AddSampleInvoices(CompanyFile& file, WriteScope& scope, Edition edition, in
         doc.lines.push_back(std::move(line));
       }
     }
-    if (kind->complete(ctx, doc, true).code != 0) continue;
+    if (kind->complete(ctx, lists, doc, true).code != 0) continue;
     // A third of the older invoices were paid on the form.
     if (!deposit.empty() && roll(3) == 0) {
       int64_t owed = 0;
@@ -91,13 +92,13 @@ void AddSampleInvoices(CompanyFile& file, WriteScope& scope, Edition edition, in
       pay.fields.Set("ItemRef", deposit);
       pay.fields.Set("Amount", CentsText(owed));
       doc.lines.push_back(std::move(pay));
-      if (kind->complete(ctx, doc, true).code != 0) continue;
+      if (kind->complete(ctx, lists, doc, true).code != 0) continue;
     }
     doc.record.txnId = scope.NewId();
     doc.record.txnNumber = number++;
     doc.record.editSequence = scope.NewEditSequence();
     doc.record.timeCreated = doc.record.timeModified = scope.Timestamp();
-    StoreTxn(ctx, *kind, doc, scope, ledger, true);
+    StoreTxn(ctx, lists, *kind, doc, scope, ledger, true);
   }
 }
 

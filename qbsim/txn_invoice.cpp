@@ -98,36 +98,8 @@ std::string DecimalText(int64_t raw) { return Currency::FromRaw(raw).ToString();
 
 // ---------------------------------------------------------------- list look-ups
 
-struct Looked {
-  std::string kind;
-  FieldMap fields;
-  bool active = true;
-  std::string parentId;
-};
-
-class Lookup {
- public:
-  explicit Lookup(RequestContext& ctx) : ctx_(ctx) {}
-  const Looked* Find(const std::string& listId) {
-    if (listId.empty()) return nullptr;
-    auto it = cache_.find(listId);
-    if (it == cache_.end()) {
-      auto rec = ctx_.store.ByListId(listId);
-      std::optional<Looked> v;
-      if (rec) v = Looked{rec->kind, FieldMap::Decode(rec->body), rec->isActive, rec->parentListId};
-      it = cache_.emplace(listId, v).first;
-    }
-    return it->second ? &*it->second : nullptr;
-  }
-  std::string_view Get(const std::string& listId, std::string_view path) {
-    const Looked* l = Find(listId);
-    return l ? l->fields.Get(path) : std::string_view();
-  }
-
- private:
-  RequestContext& ctx_;
-  std::map<std::string, std::optional<Looked>> cache_;
-};
+using Lookup = ListCache;
+using Looked = ListCache::Entry;
 
 std::string FirstOf(const FieldMap& f, std::initializer_list<const char*> paths) {
   for (const char* p : paths)
@@ -331,10 +303,9 @@ Status ExpandGroup(RequestContext& ctx, Lookup& lists, TxnLine& line) {
   return status::Ok();
 }
 
-Status CompleteInvoice(RequestContext& ctx, TxnDocument& doc, bool isNew) {
-  Lookup lists(ctx);
+Status CompleteInvoice(RequestContext& ctx, Lookup& lists, TxnDocument& doc, bool isNew) {
   FieldMap& h = doc.header;
-  const FieldMap prefs = FieldMap::Decode(ctx.file.Meta(meta::kPreferences));
+  const FieldMap& prefs = lists.Preferences();
   const std::string defaultCode(prefs.Get("SalesTaxPreferences/DefaultNonTaxableSalesTaxCodeRef"));
   const std::string customerId(h.Get("CustomerRef"));
   const Looked* customer = lists.Find(customerId);
@@ -427,8 +398,7 @@ Status CompleteInvoice(RequestContext& ctx, TxnDocument& doc, bool isNew) {
 
 // Receivable debit for the whole; a credit to each line's income account; the sales tax
 // to the liability, by tax vendor.
-std::vector<Posting> PostInvoice(RequestContext& ctx, WriteScope& scope, const TxnDocument& doc) {
-  Lookup lists(ctx);
+std::vector<Posting> PostInvoice(RequestContext&, Lookup& lists, WriteScope& scope, const TxnDocument& doc) {
   const FieldMap& h = doc.header;
   const std::string customer(h.Get("CustomerRef")), headerClass(h.Get("ClassRef"));
   std::vector<Posting> rows;
@@ -438,9 +408,9 @@ std::vector<Posting> PostInvoice(RequestContext& ctx, WriteScope& scope, const T
     const std::string itemId(l.fields.Get("ItemRef"));
     const Looked* item = lists.Find(itemId);
     std::string account;
-    if (l.itemKind == "ItemSalesTax" || l.itemKind == "ItemSalesTaxGroup") account = SpecialAccount(ctx, &scope, "SalesTaxPayable");
+    if (l.itemKind == "ItemSalesTax" || l.itemKind == "ItemSalesTaxGroup") account = lists.Special(&scope, "SalesTaxPayable");
     else if (item) account = ItemAccount(*item);
-    if (account.empty()) account = SpecialAccount(ctx, &scope, "UncategorizedIncome");
+    if (account.empty()) account = lists.Special(&scope, "UncategorizedIncome");
     std::string cls(l.fields.Get("ClassRef"));
     rows.push_back({account, -l.amount, customer, itemId, cls.empty() ? headerClass : cls, ""});
     total += l.amount;
@@ -450,7 +420,7 @@ std::vector<Posting> PostInvoice(RequestContext& ctx, WriteScope& scope, const T
     for (const TxnLine& m : l.members) postLine(m);
   }
   for (const auto& [taxItem, amount] : doc.taxByItem) {
-    rows.push_back({SpecialAccount(ctx, &scope, "SalesTaxPayable"), -amount, std::string(lists.Get(taxItem, "TaxVendorRef")),
+    rows.push_back({lists.Special(&scope, "SalesTaxPayable"), -amount, std::string(lists.Get(taxItem, "TaxVendorRef")),
                     taxItem, headerClass, ""});
     total += amount;
   }
@@ -467,8 +437,8 @@ void InvoiceFigures(RequestContext& ctx, const TxnDocument& doc, FieldMap& answe
   int64_t taxTotal = tax.front().empty() ? 0 : -ledger.TxnAmount(doc.record.txnId, tax);
   int64_t open = ledger.OpenAmount(doc.record.txnId, ar);
   answer.Set("Subtotal", CentsText(total - taxTotal));
+  Lookup lists(ctx);
   if (ctx.IsUS()) {
-    Lookup lists(ctx);
     answer.Set("SalesTaxPercentage", DecimalText(TotalRate(TaxItems(lists, std::string(doc.header.Get("ItemSalesTaxRef"))))));
   }
   answer.Set("SalesTaxTotal", CentsText(taxTotal));
@@ -476,7 +446,6 @@ void InvoiceFigures(RequestContext& ctx, const TxnDocument& doc, FieldMap& answe
   answer.Set("BalanceRemaining", CentsText(open));
   answer.Set("IsPaid", open == 0 ? "true" : "false");
   if (doc.header.Has("SuggestedDiscountDate")) {
-    Lookup lists(ctx);
     int64_t pct = Raw(lists.Get(std::string(doc.header.Get("TermsRef")), "DiscountPct"));
     answer.Set("SuggestedDiscountAmount", CentsText(PercentCents(open, pct)));
   }
@@ -490,6 +459,39 @@ const TxnKind kKinds[] = {
 }  // namespace
 
 std::span<const TxnKind> TxnKinds() { return kKinds; }
+
+const ListCache::Entry* ListCache::Find(const std::string& listId) {
+  if (listId.empty()) return nullptr;
+  auto it = entries_.find(listId);
+  if (it == entries_.end()) {
+    // A generator of many documents meets many customers: the cache stays bounded.
+    if (entries_.size() > 20000) entries_.clear();
+    auto rec = ctx_.store.ByListId(listId);
+    std::optional<Entry> v;
+    if (rec) v = Entry{rec->kind, FieldMap::Decode(rec->body), rec->isActive, rec->parentListId};
+    it = entries_.emplace(listId, std::move(v)).first;
+  }
+  return it->second ? &*it->second : nullptr;
+}
+
+std::string_view ListCache::Get(const std::string& listId, std::string_view path) {
+  const Entry* e = Find(listId);
+  return e ? e->fields.Get(path) : std::string_view();
+}
+
+const FieldMap& ListCache::Preferences() {
+  if (!preferences_) preferences_ = FieldMap::Decode(ctx_.file.Meta(meta::kPreferences));
+  return *preferences_;
+}
+
+const std::string& ListCache::Special(WriteScope* scope, std::string_view specialType) {
+  auto it = special_.find(specialType);
+  if (it == special_.end() || it->second.empty()) {
+    std::string id = SpecialAccount(ctx_, scope, specialType);
+    it = special_.insert_or_assign(std::string(specialType), id).first;
+  }
+  return it->second;
+}
 
 const TxnKind* FindTxnKind(std::string_view name) {
   for (const TxnKind& k : kKinds)

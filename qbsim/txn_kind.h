@@ -5,6 +5,8 @@
 // their arithmetic and their posting function here.
 #pragma once
 
+#include <map>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -48,6 +50,31 @@ struct TxnDocument {
   std::vector<std::pair<std::string, int64_t>> taxByItem;  // ItemSalesTax ListID -> amount
 };
 
+// List records as a document's arithmetic and postings read them, decoded once. A request
+// makes one for itself; a generator of many documents keeps one across them.
+class ListCache {
+ public:
+  struct Entry {
+    std::string kind;
+    FieldMap fields;
+    bool active = true;
+    std::string parentId;
+  };
+  explicit ListCache(RequestContext& ctx) : ctx_(ctx) {}
+  // Null when no record has that ListID.
+  const Entry* Find(const std::string& listId);
+  std::string_view Get(const std::string& listId, std::string_view path);
+  const FieldMap& Preferences();
+  // SpecialAccount, remembered.
+  const std::string& Special(WriteScope* scope, std::string_view specialType);
+
+ private:
+  RequestContext& ctx_;
+  std::map<std::string, std::optional<Entry>, std::less<>> entries_;
+  std::map<std::string, std::string, std::less<>> special_;
+  std::optional<FieldMap> preferences_;
+};
+
 struct TxnKind {
   const char* name;       // "Invoice": InvoiceAddRq, InvoiceModRq, InvoiceQueryRq, TxnDelType
   const char* retTag;     // "InvoiceRet"
@@ -57,9 +84,9 @@ struct TxnKind {
   const char* accountTag; // "ARAccountRef": the account whose rows are the document's open amount
   std::span<const Field> header;  // in the order of the …Ret
   // Fills defaults from the entity and works out the lines; a refused document gives its status.
-  Status (*complete)(RequestContext& ctx, TxnDocument& doc, bool isNew);
+  Status (*complete)(RequestContext& ctx, ListCache& lists, TxnDocument& doc, bool isNew);
   // The debit and credit rows of a worked-out document; `scope` may create special accounts.
-  std::vector<Posting> (*post)(RequestContext& ctx, WriteScope& scope, const TxnDocument& doc);
+  std::vector<Posting> (*post)(RequestContext& ctx, ListCache& lists, WriteScope& scope, const TxnDocument& doc);
   // Adds the figures the …Ret answers but nothing stores (totals, balance) to `answer`.
   void (*figures)(RequestContext& ctx, const TxnDocument& doc, FieldMap& answer);
 };
@@ -68,8 +95,8 @@ std::span<const TxnKind> TxnKinds();
 
 // Stores a worked-out document with its lines and its postings, in the scope's transaction;
 // a document without its account gets the kind's default one.
-void StoreTxn(RequestContext& ctx, const TxnKind& kind, TxnDocument& doc, WriteScope& scope, LedgerStore& ledger,
-              bool isNew);
+void StoreTxn(RequestContext& ctx, ListCache& lists, const TxnKind& kind, TxnDocument& doc, WriteScope& scope,
+              LedgerStore& ledger, bool isNew);
 const TxnKind* FindTxnKind(std::string_view name);
 
 // The field tables of sales lines and group lines, shared by the sales documents.

@@ -188,16 +188,16 @@ void WriteRet(RequestContext& ctx, const TxnKind& kind, const TxnDocument& doc, 
 
 }  // namespace
 
-void StoreTxn(RequestContext& ctx, const TxnKind& kind, TxnDocument& doc, WriteScope& scope, LedgerStore& ledger,
-              bool isNew) {
-  if (!doc.header.Has(kind.accountTag)) doc.header.Set(kind.accountTag, SpecialAccount(ctx, &scope, "AccountsReceivable"));
+void StoreTxn(RequestContext& ctx, ListCache& lists, const TxnKind& kind, TxnDocument& doc, WriteScope& scope,
+              LedgerStore& ledger, bool isNew) {
+  if (!doc.header.Has(kind.accountTag)) doc.header.Set(kind.accountTag, lists.Special(&scope, "AccountsReceivable"));
   doc.record.kind = kind.name;
   doc.record.txnDate = doc.header.Get("TxnDate");
   doc.record.refNumber = doc.header.Get("RefNumber");
   doc.record.entityId = doc.header.Get(kind.entityTag);
   doc.record.accountId = doc.header.Get(kind.accountTag);
   std::vector<TxnLineRecord> lines = LineRecords(doc, scope);
-  std::vector<Posting> rows = doc.record.isVoid ? std::vector<Posting>{} : kind.post(ctx, scope, doc);
+  std::vector<Posting> rows = doc.record.isVoid ? std::vector<Posting>{} : kind.post(ctx, lists, scope, doc);
   doc.record.body = doc.header.Encode();
   if (isNew) ledger.Insert(doc.record, lines, rows);
   else ledger.Update(doc.record, lines, rows);
@@ -207,17 +207,19 @@ namespace {
 
 void Store(RequestContext& ctx, const TxnKind& kind, TxnDocument& doc, WriteScope& scope, bool isNew) {
   LedgerStore ledger(ctx.file);
-  StoreTxn(ctx, kind, doc, scope, ledger, isNew);
+  ListCache lists(ctx);
+  StoreTxn(ctx, lists, kind, doc, scope, ledger, isNew);
 }
 
 Status Add(RequestContext& ctx, const TxnKind& kind, const pugi::xml_node& request, XmlOut& out) {
   pugi::xml_node node = request.child((std::string(kind.name) + "Add").c_str());
   if (!node) return status::MissingElement(std::string(kind.name) + "Add");
   TxnDocument doc;
+  ListCache lists(ctx);
   if (Status s = ReadHeader(ctx, kind, node, kInAdd, doc.header); !s.Ok()) return s;
   if (std::string missing = MissingRequired(kind.header, doc.header); !missing.empty()) return status::MissingElement(missing);
   if (Status s = ReadLines(ctx, kind, node, kInAdd, doc.lines); !s.Ok()) return s;
-  if (Status s = kind.complete(ctx, doc, true); !s.Ok()) return s;
+  if (Status s = kind.complete(ctx, lists, doc, true); !s.Ok()) return s;
 
   WriteScope scope(ctx.file);
   LedgerStore ledger(ctx.file);
@@ -243,9 +245,10 @@ Status Mod(RequestContext& ctx, const TxnKind& kind, const pugi::xml_node& reque
   if (!rec || rec->kind != kind.name) return status::ObjectNotFound(txnId);
   if (rec->editSequence != editSequence) return status::StaleEditSequence(editSequence);
   TxnDocument doc = Load(ledger, *rec);
+  ListCache lists(ctx);
   if (Status s = ReadHeader(ctx, kind, node, kInMod, doc.header); !s.Ok()) return s;
   if (Status s = ReadLines(ctx, kind, node, kInMod, doc.lines); !s.Ok()) return s;
-  if (Status s = kind.complete(ctx, doc, false); !s.Ok()) return s;
+  if (Status s = kind.complete(ctx, lists, doc, false); !s.Ok()) return s;
 
   WriteScope scope(ctx.file);
   doc.record.editSequence = scope.NewEditSequence();
