@@ -122,22 +122,18 @@ std::vector<TxnLineRecord> LineRecords(TxnDocument& doc, WriteScope& scope) {
   return out;
 }
 
-void WriteLineRet(RecordWriter& writer, XmlOut& out, const char* tag, std::span<const Field> fields, const TxnLine& l) {
+// A line, or a group line with its members (written with `memberTag`), in the order of its table.
+void WriteLineRet(RecordWriter& writer, XmlOut& out, const char* tag, const char* memberTag,
+                  std::span<const Field> fields, const TxnLine& l) {
   FieldMap f = l.fields;
   f.Set("TxnLineID", l.lineId);
-  // The line id leads every line.
-  std::vector<std::pair<std::string, std::string>> items = f.Items();
-  FieldMap ordered;
-  ordered.Set("TxnLineID", l.lineId);
-  for (const auto& [p, v] : items)
-    if (p != "TxnLineID") ordered.Set(p, v);
-  std::string body = ordered.Encode();
+  std::string body = f.Encode();
   RecordRow row;
   row.body = body;
   out.Open(tag);
   writer.WriteFields(out, fields, row);
   if (l.isGroup)
-    for (const TxnLine& m : l.members) WriteLineRet(writer, out, "InvoiceLineRet", SalesLineFields(), m);
+    for (const TxnLine& m : l.members) WriteLineRet(writer, out, memberTag, memberTag, SalesLineFields(), m);
   out.Close(tag);
 }
 
@@ -164,7 +160,7 @@ void WriteRet(RequestContext& ctx, const TxnKind& kind, const TxnDocument& doc, 
   if (o.lines) {
     std::string line = std::string(kind.lineTag) + "Ret", group = std::string(kind.groupTag) + "Ret";
     for (const TxnLine& l : doc.lines)
-      WriteLineRet(writer, ret, l.isGroup ? group.c_str() : line.c_str(),
+      WriteLineRet(writer, ret, l.isGroup ? group.c_str() : line.c_str(), line.c_str(),
                    l.isGroup ? SalesGroupLineFields() : SalesLineFields(), l);
   }
   ret.Close(kind.retTag);
