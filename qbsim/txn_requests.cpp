@@ -44,7 +44,13 @@ Status ReadHeader(RequestContext& ctx, const TxnKind& kind, const pugi::xml_node
 
 Status ReadLine(RequestContext& ctx, const pugi::xml_node& node, bool group, uint16_t form, TxnLine& line) {
   ListKind k = ReaderKind(group ? "GroupLine" : "Line", group ? SalesGroupLineFields() : SalesLineFields());
-  if (Status s = RecordReader(ctx, k, form).Read(node, line.fields); !s.Ok()) return s;
+  // The members of a group come from the group item again; member lines in a modify of the
+  // group are taken as read.
+  pugi::xml_document copy;
+  pugi::xml_node root = copy.append_child(node.name());
+  for (pugi::xml_node c = node.first_child(); c; c = c.next_sibling())
+    if (!group || std::string_view(c.name()).find("LineMod") == std::string_view::npos) root.append_copy(c);
+  if (Status s = RecordReader(ctx, k, form).Read(root, line.fields); !s.Ok()) return s;
   line.fields.Erase("TxnLineID");
   line.isGroup = group;
   return status::Ok();

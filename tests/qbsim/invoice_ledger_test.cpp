@@ -340,6 +340,26 @@ TEST_F(InvoiceLedgerTest, ModifyWithoutLinesKeepsThemAndAnUnknownLineIsRefused) 
   EXPECT_EQ(kept.Value("InvoiceRet/PONumber"), "PO-7");
 }
 
+TEST_F(InvoiceLedgerTest, ModifyOfAGroupQuantityWorksItsMembersOutAgainUnderTheirLineIds) {
+  Response added = AddInvoice("Test Exempt", "",
+                              "<InvoiceLineGroupAdd><ItemGroupRef><FullName>Install Kit</FullName></ItemGroupRef>"
+                              "</InvoiceLineGroupAdd>");
+  ASSERT_EQ(added.Status(), 0) << added.Message();
+  pugi::xml_node inv = added.Rs().child("InvoiceRet");
+  pugi::xml_node group = inv.child("InvoiceLineGroupRet");
+  std::string memberId = group.child("InvoiceLineRet").child_value("TxnLineID");
+  Response r = Send(std::string("<InvoiceModRq><InvoiceMod><TxnID>") + inv.child_value("TxnID") +
+                    "</TxnID><EditSequence>" + inv.child_value("EditSequence") +
+                    "</EditSequence><InvoiceLineGroupMod><TxnLineID>" + group.child_value("TxnLineID") +
+                    "</TxnLineID><Quantity>3</Quantity><InvoiceLineMod><TxnLineID>" + memberId +
+                    "</TxnLineID></InvoiceLineMod></InvoiceLineGroupMod></InvoiceMod></InvoiceModRq>");
+  ASSERT_EQ(r.Status(), 0) << r.Message();
+  pugi::xml_node changed = r.Rs().child("InvoiceRet").child("InvoiceLineGroupRet");
+  EXPECT_STREQ(changed.child_value("TotalAmount"), "279.00");  // 3 x (48.00 + 45.00)
+  EXPECT_STREQ(changed.child("InvoiceLineRet").child_value("TxnLineID"), memberId.c_str());
+  EXPECT_STREQ(changed.child("InvoiceLineRet").child_value("Quantity"), "6");
+}
+
 TEST_F(InvoiceLedgerTest, VoidKeepsTheInvoiceWithZeroAmountsAndMemo) {
   Response added = AddInvoice("Test Taxable", "<Memo>Cabinets</Memo>", Line("Hardware", "<Quantity>2</Quantity>"));
   std::string id = added.Value("InvoiceRet/TxnID");
