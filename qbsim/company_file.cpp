@@ -5,6 +5,7 @@
 
 #include <sqlite3.h>
 
+#include "qbsim/ledger.h"
 #include "qbsim/status.h"
 #include "qbsim/values.h"
 #include "tessaron/platform/date.h"
@@ -118,6 +119,13 @@ std::shared_ptr<CompanyFile> CompanyFile::Open(const std::string& path) {
     CannotOpen(path, "the file was written in a newer format (" + std::to_string(format) +
                          ") than this processor reads (" + std::to_string(kFormatVersion) + ")");
   Configure(*db);
+  if (format < kFormatVersion) {
+    // Files of the first format have no ledger yet: it starts empty.
+    SqlTransaction tx(*db);
+    CreateLedgerTables(*db);
+    db->Exec("PRAGMA user_version=" + std::to_string(kFormatVersion));
+    tx.Commit();
+  }
   auto file = std::shared_ptr<CompanyFile>(new CompanyFile(path, std::move(db)));
   file->Load();
   Registry()[key] = file;
@@ -135,6 +143,7 @@ std::shared_ptr<CompanyFile> CompanyFile::Create(const std::string& path, const 
     db.Exec("PRAGMA synchronous=OFF");
     SqlTransaction tx(db);
     db.Exec(kSchema);
+    CreateLedgerTables(db);
     SqlStatement put = db.Prepare("INSERT INTO meta(key, value) VALUES(?, ?)");
     auto set = [&](const char* k, const std::string& v) { put.Bind(1, k).Bind(2, v).Run(); };
     set("format", kFormatName);

@@ -26,7 +26,7 @@ struct CompanySetup {
 class CompanyFile {
  public:
   // The format this processor writes; it opens files of this format or older.
-  static constexpr int kFormatVersion = 1;
+  static constexpr int kFormatVersion = 2;  // 2: the ledger
 
   // Opens an existing company file; a second open of the same file in the process returns
   // the same object. Raises 0x80040403 when the file is missing, is not a company file or

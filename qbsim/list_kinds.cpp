@@ -1,5 +1,6 @@
 // The field tables of the list records, in the element order of the qbXML schema's …Ret.
 #include "qbsim/common_fields.h"
+#include "qbsim/ledger_balances.h"
 #include "qbsim/record_kind.h"
 #include "qbsim/record_row.h"
 #include "tessaron/platform/currency.h"
@@ -85,8 +86,8 @@ constexpr const char* kAcquiredAs[] = {"New", "Old"};
 
 // ---- Computed fields ----
 std::string AmountText(int64_t raw) { return FormatCurrency(Currency::FromRaw(raw).RoundHalfEven(2), "0.00"); }
-std::string Balance(const RecordRow& r, RequestContext&) { return AmountText(r.balance); }
-std::string TotalBalance(const RecordRow& r, RequestContext&) { return AmountText(r.totalBalance); }
+std::string Balance(const RecordRow& r, RequestContext& ctx) { return AmountText(LedgerBalance(ctx, r, false)); }
+std::string TotalBalance(const RecordRow& r, RequestContext& ctx) { return AmountText(LedgerBalance(ctx, r, true)); }
 // Quantities that transactions move; none are on file yet.
 std::string NoQuantity(const RecordRow&, RequestContext&) { return "0"; }
 

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <vector>
 
+#include "qbsim/ledger.h"
+#include "qbsim/ledger_balances.h"
 #include "qbsim/record_reader.h"
 #include "qbsim/record_writer.h"
 #include "qbsim/request_context.h"
@@ -112,9 +114,9 @@ Status ReadQuery(RequestContext& ctx, const pugi::xml_node& request, QueryReques
 }
 
 // The per-kind filters that look into a record's fields.
-bool Accepts(const QueryRequest& q, const RecordRow& row, FieldView& fields) {
+bool Accepts(RequestContext& ctx, const QueryRequest& q, const RecordRow& row, FieldView& fields) {
   if (!q.match.empty() && !TextMatches(row.fullName, q.match, q.matchName)) return false;
-  if (!q.balanceOperator.empty() && !Compare(row.totalBalance, q.balanceOperator, q.balanceAmount)) return false;
+  if (!q.balanceOperator.empty() && !Compare(LedgerBalance(ctx, row, true), q.balanceOperator, q.balanceAmount)) return false;
   if (!q.accountTypes.empty() || !q.doneStatus.empty()) {
     fields.Parse(row.body);
     if (!q.accountTypes.empty()) {
@@ -173,7 +175,7 @@ Status Query(RequestContext& ctx, std::vector<const ListKind*> kinds, const pugi
   if (inner) q.selection.limit = 0;  // the limit counts what passes the inner filters
   FieldView fields;
   ctx.store.Select(q.selection, [&](const RecordRow& row) {
-    if (inner && !Accepts(q, row, fields)) return true;
+    if (inner && !Accepts(ctx, q, row, fields)) return true;
     writer.WriteRet(out, *kindOf(row.kind), row);
     ++written;
     return limit == 0 || written < limit;
@@ -265,6 +267,7 @@ Status Add(RequestContext& ctx, const ListKind& kind, const pugi::xml_node& requ
 
   int64_t openBalance = 0;
   if (const std::string* ob = body.Find("OpenBalance")) openBalance = Currency::Parse(*ob).Raw();
+  std::string openDate(body.Get("OpenBalanceDate"));
 
   WriteScope scope(ctx.file);
   rec.listId = scope.NewId();
@@ -274,7 +277,7 @@ Status Add(RequestContext& ctx, const ListKind& kind, const pugi::xml_node& requ
   std::vector<std::string> refs;
   CollectRefs(kind.fields, body, refs);
   ctx.store.Insert(rec, refs);
-  ctx.store.AddToBalance(rec.listId, openBalance);
+  PostOpeningBalance(ctx.file, ctx.store, scope, rec, openBalance, openDate);
   scope.Commit();
   WriteSaved(ctx, kind, rec.listId, out);
   return status::Ok();
@@ -364,6 +367,7 @@ Status Delete(RequestContext& ctx, const pugi::xml_node& request, XmlOut& out) {
   if (!rec || rec->kind != kind->name) return status::ObjectNotFound(listId);
   if (!ctx.store.Children(listId).empty()) return status::InUse(rec->fullName, "it has sub-items.");
   if (ctx.store.ReferenceCount(listId) > 0) return status::InUse(rec->fullName, "other records refer to it.");
+  if (LedgerStore(ctx.file).ReferenceCount(listId) > 0) return status::InUse(rec->fullName, "transactions refer to it.");
 
   WriteScope scope(ctx.file);
   ctx.store.Delete(*rec, scope);

@@ -7,6 +7,7 @@ const RequestTable& RequestTable::Instance() {
     RequestTable t;
     RegisterCompanyRequests(t);
     RegisterListRequests(t);
+    RegisterTxnRequests(t);
     return t;
   }();
   return table;

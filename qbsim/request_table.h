@@ -42,5 +42,6 @@ class RequestTable {
 
 void RegisterListRequests(RequestTable& table);
 void RegisterCompanyRequests(RequestTable& table);
+void RegisterTxnRequests(RequestTable& table);
 
 }  // namespace tessaron::qbsim

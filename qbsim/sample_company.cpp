@@ -6,9 +6,11 @@
 
 #include "qbsim/company_records.h"
 #include "qbsim/field_map.h"
+#include "qbsim/ledger_balances.h"
 #include "qbsim/list_store.h"
 #include "qbsim/record_kind.h"
 #include "qbsim/record_reader.h"
+#include "qbsim/sample_invoices.h"
 #include "qbsim/status.h"
 #include "tessaron/platform/currency.h"
 #include "tessaron/platform/error.h"
@@ -53,7 +55,7 @@ std::string_view StoredForm(const ListKind& k, const std::string& path, const st
 // the request-time checks run, and a hundred thousand customers take seconds.
 class Builder {
  public:
-  Builder(CompanyFile& file, WriteScope& scope) : store_(file), scope_(scope) {}
+  Builder(CompanyFile& file, WriteScope& scope) : file_(file), store_(file), scope_(scope) {}
 
   std::string Add(const char* kind, const std::string& name, const Fields& fields = {},
                   const std::string& parentId = "", bool active = true, int64_t openBalance = 0) {
@@ -80,10 +82,16 @@ class Builder {
     refs_.clear();
     CollectRefs(k->fields, body, refs_);
     store_.Insert(r, refs_);
-    if (openBalance) store_.AddToBalance(r.listId, openBalance);
+    // Posted once the chart of accounts is complete, against its own equity account.
+    if (openBalance) openingBalances_.push_back({r, openBalance});
     if (k->hierarchical) nodes_[r.listId] = {r.fullName, r.sublevel};
     ids_[std::string(kind) + "/" + r.fullName] = r.listId;
     return r.listId;
+  }
+
+  void PostOpeningBalances() {
+    for (const auto& [record, amount] : openingBalances_) PostOpeningBalance(file_, store_, scope_, record, amount, "");
+    openingBalances_.clear();
   }
 
   // The ListID of a record added before, by kind and full name.
@@ -96,12 +104,14 @@ class Builder {
     std::string fullName;
     int sublevel;
   };
+  CompanyFile& file_;
   ListStore store_;
   WriteScope& scope_;
   std::map<std::string, Node> nodes_;
   std::map<std::string, std::string> ids_;
   std::vector<std::string> refs_;
   std::string buffer_;
+  std::vector<std::pair<ListRecord, int64_t>> openingBalances_;
 };
 
 std::string Amount(int64_t units) { return FormatCurrency(Currency(static_cast<int>(units)), "0.00"); }
@@ -472,6 +482,8 @@ void Fill(CompanyFile& file, const SampleOptions& o) {
   }
   for (const auto& [path, v] : p) prefs.Set(path, v);
   file.SetMeta(meta::kPreferences, prefs.Encode());
+  b.PostOpeningBalances();
+  AddSampleInvoices(file, scope, o.edition, o.newestVersion, o.invoices < 0 ? o.customers / 2 : o.invoices);
   scope.Commit();
 }
 

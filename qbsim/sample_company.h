@@ -18,6 +18,8 @@ struct SampleOptions {
   // US edition: the preferences name a default sales tax item, which makes the library
   // write the sales-tax elements of its sales forms.
   bool defaultSalesTaxItem = true;
+  // Invoices over the last two years; -1: half as many as there are customers.
+  int invoices = -1;
 };
 
 // Creates the company file at `path` (which must not exist) and fills it in one transaction.

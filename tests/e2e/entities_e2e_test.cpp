@@ -66,11 +66,17 @@ TEST_P(EntitiesEndToEnd, VendorIsCreatedChangedReadBackAndDeleted) {
   // A field the modify cannot carry is fixed once committed.
   EXPECT_EQ(NumberRaised([&] { back->SetTaxId("1"); }), err::kFieldCannotBeModified);
 
+  // The opening balance is a transaction of the vendor's, so QuickBooks keeps the name.
+  EXPECT_EQ(back->Balance(), Currency(120));
   const std::string id = v->ListID();
-  EXPECT_EQ(vendors->Delete(id), 0);
-  EXPECT_FALSE(vendors->ItemExists(Variant("Harbour Timber")));
+  EXPECT_EQ(NumberRaised([&] { vendors->Delete(id); }), err::kBuilderStatus);
   Vendors after;
-  EXPECT_EQ(after.GetByListID(id), nullptr);
+  EXPECT_NE(after.GetByListID(id), nullptr);
+
+  auto plain = vendors->Add("Quay Fuels");
+  ASSERT_EQ(vendors->Commit(), 0) << FirstError(*vendors);
+  EXPECT_EQ(vendors->Delete(plain->ListID()), 0);
+  EXPECT_FALSE(vendors->ItemExists(Variant("Quay Fuels")));
 }
 
 TEST_P(EntitiesEndToEnd, VendorThatFailsItsChecksStaysNewAndOthersGoThrough) {

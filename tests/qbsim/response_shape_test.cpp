@@ -115,7 +115,7 @@ TEST_F(ResponseShapeTest, UnknownRequestsAreAnsweredNotSupported) {
   processor_ = CreateProcessor(lenient);
   processor_->OpenConnection("", "lenient");
   ticket_ = processor_->BeginSession(path_, 0);
-  Response r = Send("<InvoiceQueryRq><MaxReturned>1</MaxReturned></InvoiceQueryRq>"
+  Response r = Send("<BillQueryRq><MaxReturned>1</MaxReturned></BillQueryRq>"
                     "<GeneralSummaryReportQueryRq><GeneralSummaryReportType>ProfitAndLossStandard"
                     "</GeneralSummaryReportType></GeneralSummaryReportQueryRq>");
   EXPECT_EQ(r.Status(0), status::kNotSupported);
