@@ -49,8 +49,9 @@ class FaultPlan {
 struct ProcessorOptions {
   // Refuse, as QuickBooks does, messages that do not validate against the qbXML schema,
   // that use what their qbXML version or the edition lacks, and request elements the
-  // processor does not answer (with a status). The project's tests run with it on.
-  bool strict = false;
+  // processor does not answer (with a status). On by default, since QuickBooks always
+  // checks; switch it off only to feed the processor what QuickBooks would refuse.
+  bool strict = true;
   // The edition and the newest qbXML version (x10) announced; nothing = the company file's.
   std::optional<Edition> edition;
   std::optional<int> newestVersion;

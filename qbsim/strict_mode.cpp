@@ -101,8 +101,10 @@ const Tolerance kTolerances[] = {
      }},
 };
 
+// Compiling the schema takes far longer than checking a message: each folder's schema is
+// compiled once per process and kept.
 SchemaValidator& ValidatorFor(const std::string& dir) {
-  if (dir.empty()) return SchemaValidator::Default();
+  if (dir.empty() || dir == SchemaValidator::DefaultSchemaDir()) return SchemaValidator::Default();
   static std::mutex mutex;
   static std::map<std::string, std::unique_ptr<SchemaValidator>> validators;
   std::lock_guard lock(mutex);
