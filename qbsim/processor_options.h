@@ -85,6 +85,11 @@ struct ProcessorOptions {
 
   // The folder of qbxmlops120.xsd for strict mode; empty = the default (SchemaValidator).
   std::string schemaDir;
+
+  // The SQLite VFS, registered under this name, that company files are opened with; empty
+  // = SQLite's default. Tests put a VFS that fails on purpose under the processor. A file
+  // already open in the process keeps the VFS it was opened with.
+  std::string databaseVfs;
 };
 
 // Which identifiers RegisterProcessor serves; tests leave one out to see the library fall back.
