@@ -79,6 +79,7 @@ TranscriptContent ReadTranscript(std::string_view text) {
     size_t end = text.find('\n', pos);
     std::string_view line = text.substr(pos, end == std::string_view::npos ? std::string_view::npos : end - pos);
     pos = end == std::string_view::npos ? text.size() : end + 1;
+    if (!line.empty() && line.back() == '\r') line.remove_suffix(1);  // a copy that went through Windows
     if (where == Outside) {
       if (line == "<OUTGOING>" || line == "<RETURNS>") {
         where = line == "<OUTGOING>" ? InRequest : InResponse;

@@ -13,6 +13,7 @@
 #include "tessaron/messaging/transcript.h"
 #include "tessaron/platform/error.h"
 #include "tests/support/qbxml_check.h"
+#include "tests/support/raised.h"
 
 namespace tessaron {
 namespace {
@@ -62,18 +63,6 @@ class Replay : public ::testing::Test {
     std::string text((std::istreambuf_iterator<char>(in)), {});
     return ReadTranscript(text).exchanges.size();
   }
-  // The failure of a call; the test fails when there is none.
-  template <typename F>
-  Error Failure(F call) {
-    try {
-      call();
-    } catch (const Error& e) {
-      return e;
-    }
-    ADD_FAILURE() << "no error";
-    return Error(0, "", "");
-  }
-
   testing::TempDir dir_;
   std::string company_, transcript_;
 };
@@ -93,10 +82,11 @@ TEST_F(Replay, ARecordedSessionRunsAgainWithoutTheCompanyFile) {
 TEST_F(Replay, AChangedRequestRaisesNamingItsPositionAndTheElementThatDiffers) {
   Record("Recorded");
   RegisterReplayProcessor(transcript_);
-  Error e = Failure([&] { Session("Changed"); });
-  EXPECT_EQ(e.Number(), static_cast<int32_t>(err::kReplayMismatch));
+  std::optional<Error> e = testing::Raised([&] { Session("Changed"); });
+  ASSERT_TRUE(e);
+  EXPECT_EQ(e->Number(), static_cast<int32_t>(err::kReplayMismatch));
   // The commit is the last request of the session.
-  const std::string& d = e.Description();
+  const std::string& d = e->Description();
   EXPECT_NE(d.find("Request " + std::to_string(RecordedRequests()) + " differs"), std::string::npos) << d;
   EXPECT_NE(d.find("recorded: ...<Name>Recorded</Name>"), std::string::npos) << d;
   EXPECT_NE(d.find("sent:     ...<Name>Changed</Name>"), std::string::npos) << d;
@@ -106,19 +96,20 @@ TEST_F(Replay, ARequestPastTheEndOfTheRecordingRaises) {
   Record("Recorded");
   RegisterReplayProcessor(transcript_);
   Session("Recorded");
-  Error e = Failure([] { TessaronGlobals::Classes()->GetAll(); });
-  EXPECT_EQ(e.Number(), static_cast<int32_t>(err::kReplayMismatch));
-  EXPECT_NE(e.Description().find("was not recorded"), std::string::npos) << e.Description();
+  std::optional<Error> e = testing::Raised([] { TessaronGlobals::Classes()->GetAll(); });
+  ASSERT_TRUE(e);
+  EXPECT_EQ(e->Number(), static_cast<int32_t>(err::kReplayMismatch));
+  EXPECT_NE(e->Description().find("was not recorded"), std::string::npos) << e->Description();
 }
 
 TEST_F(Replay, ATranscriptWithoutRequestsIsRefusedWhenRegistered) {
   std::ofstream(transcript_) << "<TessaronLog CompanyPath=\"\" qbXMLVersion=\"\">\n</TessaronLog>\n";
-  EXPECT_EQ(Failure([&] { RegisterReplayProcessor(transcript_); }).Number(), static_cast<int32_t>(err::kReplayMismatch));
-  EXPECT_EQ(Failure([&] { RegisterReplayProcessor(dir_.File("missing.xml")); }).Number(),
-            platform_error::kFileNotFound);
+  EXPECT_EQ(testing::NumberRaised([&] { RegisterReplayProcessor(transcript_); }), err::kReplayMismatch);
+  EXPECT_EQ(testing::NumberRaised([&] { RegisterReplayProcessor(dir_.File("missing.xml")); }),
+            static_cast<uint32_t>(platform_error::kFileNotFound));
 }
 
-TEST(TranscriptReading, KeepsMessagesOfSeveralLinesAndCallsThatFailed) {
+TEST(TranscriptReading, KeepsMessagesOfSeveralLinesCallsThatFailedAndWindowsLineEnds) {
   TranscriptContent c = ReadTranscript(
       "<TessaronLog CompanyPath=\"c.qbw\" qbXMLVersion=\"CA3.0\" MinorVersion = \"0\">\n"
       "<OUTGOING>\n<QBXML>\n<HostQueryRq/>\n</QBXML>\n</OUTGOING>\n<RETURNS>\n\n</RETURNS>\n"
@@ -130,6 +121,10 @@ TEST(TranscriptReading, KeepsMessagesOfSeveralLinesAndCallsThatFailed) {
   EXPECT_TRUE(c.exchanges[0].answered);
   EXPECT_EQ(c.exchanges[0].response, "");
   EXPECT_FALSE(c.exchanges[1].answered);
+  TranscriptContent windows = ReadTranscript("<OUTGOING>\r\n<QBXML/>\r\n</OUTGOING>\r\n<RETURNS>\r\n<QBXML/>\r\n</RETURNS>\r\n");
+  ASSERT_EQ(windows.exchanges.size(), 1u);
+  EXPECT_EQ(windows.exchanges[0].request, "<QBXML/>");
+  EXPECT_EQ(windows.exchanges[0].response, "<QBXML/>");
 }
 
 }  // namespace

@@ -91,6 +91,16 @@ INSTANTIATE_TEST_SUITE_P(
                     "<ClassAddRq requestID=\"1\"><ClassAdd><Name>Refused</Name></ClassAdd></ClassAddRq>", "CA4.0"}),
     [](const ::testing::TestParamInfo<RefusalCase>& info) { return std::string(info.param.name); });
 
+TEST_F(StrictModeTest, AMessageNestedDeeperThanTheStackIsRefusedNotACrash) {
+  Open();
+  const int depth = 300000;
+  std::string deep;
+  for (int i = 0; i < depth; ++i) deep += "<a>";
+  for (int i = 0; i < depth; ++i) deep += "</a>";
+  Error e = Refusal(Message("<ClassQueryRq requestID=\"1\">" + deep + "</ClassQueryRq>"));
+  EXPECT_EQ(e.Number(), static_cast<int32_t>(processor_error::kParse));
+}
+
 TEST_F(StrictModeTest, TextThatIsNotXmlRaisesInEveryMode) {
   Open({}, Lenient());
   EXPECT_EQ(Refusal("<QBXML><QBXMLMsgsRq>").Number(), static_cast<int32_t>(0x80040400));
