@@ -75,6 +75,11 @@ TEST(Currency, ResultsOutOfTheRangeRaiseOverflow) {
   EXPECT_EQ(FormatCurrency(max, "0.0000"), "922337203685477.5807");
 }
 
+TEST(Date, TextWithDigitRunsTooLongForAnyDateIsRefused) {
+  EXPECT_EQ(testing::NumberRaised([] { ParseDate("49999495969/11999399939/999"); }),
+            static_cast<uint32_t>(platform_error::kTypeMismatch));
+}
+
 TEST(Date, SerialNumbersFollowThePlatformEpoch) {
   EXPECT_EQ(DateSerial(1899, 12, 30), 0.0);
   EXPECT_EQ(DateSerial(1900, 1, 1), 2.0);
