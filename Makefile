@@ -4,7 +4,12 @@ JOBS    ?= $(shell nproc)
 PREFIX  ?= /usr/local
 DEMO_COMPANY ?= $(BUILD)/demo-company.qbw
 
-.PHONY: all deps configure build test demo bench install clean
+SANITIZE_BUILD ?= build-sanitize
+FUZZ_BUILD ?= build-fuzz
+SECONDS ?= 60
+FUZZ_TARGETS = values list_response processor_request
+
+.PHONY: all deps configure build test test-sanitize fuzz demo bench install clean
 
 all: build
 
@@ -19,6 +24,28 @@ build: configure
 
 test: build
 	@cd $(BUILD) && ctest --output-on-failure -j $(JOBS)
+
+# Every test on a build with AddressSanitizer and UndefinedBehaviorSanitizer, in a build
+# folder of its own; any report fails the test that caused it.
+test-sanitize: deps
+	@cmake -S . -B $(SANITIZE_BUILD) -DCMAKE_BUILD_TYPE=Debug -DTESSARON_SANITIZE=ON -DTESSARON_BUILD_BENCH=OFF >/dev/null
+	@cmake --build $(SANITIZE_BUILD) -j $(JOBS)
+	@cd $(SANITIZE_BUILD) && ASAN_OPTIONS=detect_leaks=1 UBSAN_OPTIONS=print_stacktrace=1 \
+		ctest --output-on-failure -j $(JOBS)
+
+# Each libFuzzer target for SECONDS seconds, from the seeds in fuzz/corpus/ (what it
+# finds new is kept in $(FUZZ_BUILD)/corpus/). A crash, leak, hang or sanitizer report
+# stops the run; its input is left as $(FUZZ_BUILD)/<target>-crash-... to replay.
+fuzz: deps
+	@cmake -S . -B $(FUZZ_BUILD) -DCMAKE_CXX_COMPILER=clang++ -DCMAKE_BUILD_TYPE=RelWithDebInfo -DTESSARON_FUZZ=ON \
+		-DTESSARON_BUILD_TESTS=OFF -DTESSARON_BUILD_BENCH=OFF >/dev/null
+	@cmake --build $(FUZZ_BUILD) -j $(JOBS) --target $(addprefix fuzz_,$(FUZZ_TARGETS))
+	@for t in $(FUZZ_TARGETS); do \
+		mkdir -p $(FUZZ_BUILD)/corpus/$$t; \
+		echo "fuzz_$$t: $(SECONDS) s"; \
+		$(FUZZ_BUILD)/fuzz/fuzz_$$t $(FUZZ_BUILD)/corpus/$$t fuzz/corpus/$$t -max_total_time=$(SECONDS) \
+			-timeout=10 -rss_limit_mb=2048 -print_final_stats=1 -artifact_prefix=$(FUZZ_BUILD)/$$t- || exit 1; \
+	done
 
 demo: build
 	@[ -f $(DEMO_COMPANY) ] || $(BUILD)/cli/tessaron company create $(DEMO_COMPANY) --size 60

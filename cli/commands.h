@@ -9,7 +9,7 @@ namespace tessaron::cli {
 // Options every command sees.
 struct GlobalOptions {
   std::string transcript;  // --transcript FILE: the message transcript of the run (DebugLogPath)
-  bool strict = false;     // --strict: the embedded processor refuses what QuickBooks would refuse
+  bool lenient = false;    // --lenient: the embedded processor answers what QuickBooks would refuse
 };
 
 void AddCompanyCommand(CLI::App& app);

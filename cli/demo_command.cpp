@@ -4,6 +4,7 @@
 #include <unistd.h>
 
 #include "cli/commands.h"
+#include "cli/session.h"
 #include "cli/company_view.h"
 #include "qbsim/qbsim.h"
 #include "tessaron/connection/library_state.h"
@@ -93,7 +94,7 @@ void AddDemoCommand(CLI::App& app, const GlobalOptions& global) {
     const std::string path = std::filesystem::absolute(scratch ? scratch->Path() : *file, ec).string();
 
     // An application connects through the global object and reads everything from there.
-    qbsim::RegisterProcessor();
+    RegisterEmbeddedProcessor(global);
     auto qb = TessaronGlobals::QBConnection();
     if (!global.transcript.empty()) qb->SetDebugLogPath(global.transcript);
     TessaronGlobals::QBConnect("", "tessaron demo", qbFileOpenDoNotCare, path);

@@ -10,6 +10,7 @@
 
 #include "cli/commands.h"
 #include "cli/list_columns.h"
+#include "cli/session.h"
 #include "qbsim/qbsim.h"
 #include "tessaron/connection/qb_connection.h"
 #include "tessaron/foundation/enum_codes.h"
@@ -294,7 +295,7 @@ void AddListCommand(CLI::App& app, const GlobalOptions& global) {
       if (balanceFilter == 0 || !Currency::TryParse(args->balance[1], balance))
         throw CLI::ValidationError("--balance", "takes an operator (lt, le, eq, gt, ge) and an amount");
     }
-    qbsim::RegisterProcessor();
+    RegisterEmbeddedProcessor(global);
     QBConnection connection;
     if (!global.transcript.empty()) connection.SetDebugLogPath(global.transcript);
     connection.Connect("", "tessaron list", qbFileOpenDoNotCare, args->file);

@@ -10,9 +10,13 @@ int main(int argc, char** argv) {
   tessaron::cli::GlobalOptions global;
   app.add_option("--transcript", global.transcript, "Keep the transcript of every qbXML message in FILE")
       ->option_text("FILE");
-  app.add_flag("--strict", global.strict,
-               "Refuse messages that QuickBooks would refuse: not valid against the qbXML schema, or using what "
-               "their version or edition lacks");
+  app.add_flag("--lenient", global.lenient,
+               "Let the embedded processor answer messages that QuickBooks would refuse (not valid against the "
+               "qbXML schema, or using what their version or edition lacks); by default it refuses them");
+  // Kept so that existing scripts still run: refusing is the default now.
+  app.add_flag("--strict")->description(
+      "No effect: the embedded processor refuses what QuickBooks refuses by default (kept for older scripts; "
+      "see --lenient)");
   tessaron::cli::AddCompanyCommand(app);
   tessaron::cli::AddCompanyShowCommand(*app.get_subcommand("company"), global);
   tessaron::cli::AddVersionCommand(app);

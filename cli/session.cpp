@@ -7,10 +7,14 @@
 
 namespace tessaron::cli {
 
-Session::Session(const std::string& companyFile, const GlobalOptions& global) {
+void RegisterEmbeddedProcessor(const GlobalOptions& global) {
   qbsim::ProcessorOptions options;
-  options.strict = global.strict;
+  options.strict = !global.lenient;
   qbsim::RegisterProcessor(options);
+}
+
+Session::Session(const std::string& companyFile, const GlobalOptions& global) {
+  RegisterEmbeddedProcessor(global);
   // The transcript starts before the connection, so that it holds every message of the run.
   if (!global.transcript.empty()) connection_.SetDebugLogPath(global.transcript);
   std::error_code ec;

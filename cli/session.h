@@ -9,6 +9,9 @@
 
 namespace tessaron::cli {
 
+// Registers the embedded processor with the options of the command line (--lenient).
+void RegisterEmbeddedProcessor(const GlobalOptions& global);
+
 // Registers the embedded processor, starts the transcript when one was asked for, and
 // connects to the company file. The connection closes with the object.
 class Session {

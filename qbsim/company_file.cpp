@@ -95,7 +95,7 @@ CompanyFile::CompanyFile(std::string path, std::unique_ptr<SqlDatabase> db)
 
 CompanyFile::~CompanyFile() = default;
 
-std::shared_ptr<CompanyFile> CompanyFile::Open(const std::string& path) {
+std::shared_ptr<CompanyFile> CompanyFile::Open(const std::string& path, const std::string& vfs) {
   std::lock_guard lock(g_registryMutex);
   std::string key = RegistryKey(path);
   if (auto existing = Registry()[key].lock()) return existing;
@@ -105,7 +105,7 @@ std::shared_ptr<CompanyFile> CompanyFile::Open(const std::string& path) {
   if (!std::filesystem::exists(path, ec)) CannotOpen(path, "the file does not exist");
   if (std::filesystem::is_directory(path, ec)) CannotOpen(path, "this is a folder, not a company file");
 
-  auto db = std::make_unique<SqlDatabase>(path, SqlDatabase::Mode::ReadWrite);
+  auto db = std::make_unique<SqlDatabase>(path, SqlDatabase::Mode::ReadWrite, vfs);
   // Nothing is written before the file has shown that it is a company file.
   int64_t appId = 0, format = 0;
   try {

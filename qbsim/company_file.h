@@ -30,8 +30,9 @@ class CompanyFile {
 
   // Opens an existing company file; a second open of the same file in the process returns
   // the same object. Raises 0x80040403 when the file is missing, is not a company file or
-  // was written in a newer format.
-  static std::shared_ptr<CompanyFile> Open(const std::string& path);
+  // was written in a newer format. `vfs`: the name of a registered SQLite VFS to open it
+  // with; empty = SQLite's default.
+  static std::shared_ptr<CompanyFile> Open(const std::string& path, const std::string& vfs = "");
   // Creates a new empty company file. Raises 0x80040403 when the file exists.
   static std::shared_ptr<CompanyFile> Create(const std::string& path, const CompanySetup& setup);
 

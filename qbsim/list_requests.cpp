@@ -278,8 +278,10 @@ Status Add(RequestContext& ctx, const ListKind& kind, const pugi::xml_node& requ
   CollectRefs(kind.fields, body, refs);
   ctx.store.Insert(rec, refs);
   PostOpeningBalance(ctx.file, ctx.store, scope, rec, openBalance, openDate);
-  scope.Commit();
+  // The record is read back before the commit: a read that failed after it would refuse a
+  // change that was made.
   WriteSaved(ctx, kind, rec.listId, out);
+  scope.Commit();
   return status::Ok();
 }
 
@@ -343,8 +345,8 @@ Status Mod(RequestContext& ctx, const ListKind& kind, const pugi::xml_node& requ
     if (!oldParent.empty()) ctx.store.AddToTotal(oldParent, -rec.totalBalance);
     if (!rec.parentListId.empty()) ctx.store.AddToTotal(rec.parentListId, rec.totalBalance);
   }
+  WriteSaved(ctx, kind, rec.listId, out);  // before the commit, as in Add
   scope.Commit();
-  WriteSaved(ctx, kind, rec.listId, out);
   return status::Ok();
 }
 

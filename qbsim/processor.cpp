@@ -71,7 +71,7 @@ std::string Processor::BeginSession(const std::string& companyFile, int32_t) {
   if (path.empty()) path = CurrentlyOpen();
   if (path.empty()) throw Error(processor_error::kNoFileOpen, kSource, processor_error::kNoFileOpenText);
   SessionInfo s;
-  s.file = CompanyFile::Open(path);
+  s.file = CompanyFile::Open(path, options_.databaseVfs);
   s.edition = options_.edition.value_or(s.file->FileEdition());
   s.newestVersion = options_.newestVersion.value_or(s.file->NewestVersion());
   std::string ticket = NewTicket();

@@ -49,8 +49,9 @@ class FaultPlan {
 struct ProcessorOptions {
   // Refuse, as QuickBooks does, messages that do not validate against the qbXML schema,
   // that use what their qbXML version or the edition lacks, and request elements the
-  // processor does not answer (with a status). The project's tests run with it on.
-  bool strict = false;
+  // processor does not answer (with a status). On by default, since QuickBooks always
+  // checks; switch it off only to feed the processor what QuickBooks would refuse.
+  bool strict = true;
   // The edition and the newest qbXML version (x10) announced; nothing = the company file's.
   std::optional<Edition> edition;
   std::optional<int> newestVersion;
@@ -84,6 +85,11 @@ struct ProcessorOptions {
 
   // The folder of qbxmlops120.xsd for strict mode; empty = the default (SchemaValidator).
   std::string schemaDir;
+
+  // The SQLite VFS, registered under this name, that company files are opened with; empty
+  // = SQLite's default. Tests put a VFS that fails on purpose under the processor. A file
+  // already open in the process keeps the VFS it was opened with.
+  std::string databaseVfs;
 };
 
 // Which identifiers RegisterProcessor serves; tests leave one out to see the library fall back.

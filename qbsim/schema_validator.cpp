@@ -2,6 +2,7 @@
 
 #include <cstdarg>
 #include <cstdlib>
+#include <filesystem>
 #include <mutex>
 
 #include <libxml/parser.h>
@@ -11,6 +12,10 @@
 
 #ifndef TESSARON_DEFAULT_SCHEMA_DIR
 #define TESSARON_DEFAULT_SCHEMA_DIR "/usr/share/tessaron/qbxml-schema"
+#endif
+// Where an installed package looks when the folder of the build is gone.
+#ifndef TESSARON_INSTALLED_SCHEMA_DIR
+#define TESSARON_INSTALLED_SCHEMA_DIR "/usr/share/tessaron/qbxml-schema"
 #endif
 
 namespace tessaron::qbsim {
@@ -32,7 +37,9 @@ void CollectFirst(void* ctx, const char* fmt, ...) {
 
 struct SchemaValidator::Impl {
   xmlSchemaPtr schema = nullptr;
-  mutable std::mutex mutex;  // a validation context is not shared between threads
+  // Made at the first check and kept; a context serves one check at a time.
+  xmlSchemaValidCtxtPtr context = nullptr;
+  std::mutex mutex;
 };
 
 SchemaValidator::SchemaValidator(const std::string& schemaDir) : impl_(std::make_unique<Impl>()) {
@@ -48,12 +55,16 @@ SchemaValidator::SchemaValidator(const std::string& schemaDir) : impl_(std::make
 }
 
 SchemaValidator::~SchemaValidator() {
+  if (impl_->context) xmlSchemaFreeValidCtxt(impl_->context);
   if (impl_->schema) xmlSchemaFree(impl_->schema);
 }
 
 std::string SchemaValidator::DefaultSchemaDir() {
   const char* env = std::getenv("TESSARON_QBXML_SCHEMA_DIR");
-  return env && *env ? env : TESSARON_DEFAULT_SCHEMA_DIR;
+  if (env && *env) return env;
+  std::error_code ec;
+  if (std::filesystem::exists(TESSARON_DEFAULT_SCHEMA_DIR "/qbxmlops120.xsd", ec)) return TESSARON_DEFAULT_SCHEMA_DIR;
+  return TESSARON_INSTALLED_SCHEMA_DIR;
 }
 
 SchemaValidator& SchemaValidator::Default() {
@@ -95,12 +106,12 @@ std::string SchemaValidator::Validate(std::string_view message) const {
     const xmlError* e = xmlGetLastError();
     return std::string("not well-formed: ") + (e && e->message ? e->message : "parse error");
   }
-  xmlSchemaValidCtxtPtr vctx = xmlSchemaNewValidCtxt(impl_->schema);
+  if (!impl_->context) impl_->context = xmlSchemaNewValidCtxt(impl_->schema);
   // Only the plain handlers: setting structured ones (even to none) would reset these, and
   // the validator's messages would go to standard error instead of into the answer.
-  xmlSchemaSetValidErrors(vctx, CollectFirst, CollectFirst, &error);
-  int rc = xmlSchemaValidateDoc(vctx, doc);
-  xmlSchemaFreeValidCtxt(vctx);
+  xmlSchemaSetValidErrors(impl_->context, CollectFirst, CollectFirst, &error);
+  int rc = xmlSchemaValidateDoc(impl_->context, doc);
+  xmlSchemaSetValidErrors(impl_->context, nullptr, nullptr, nullptr);
   xmlFreeDoc(doc);
   if (rc == 0) return {};
   return error.empty() ? std::string("invalid") : error;

@@ -15,8 +15,9 @@ class SchemaValidator {
   SchemaValidator(const SchemaValidator&) = delete;
   SchemaValidator& operator=(const SchemaValidator&) = delete;
 
-  // One validator per process for the default schema folder (TESSARON_QBXML_SCHEMA_DIR,
-  // or the folder the build was configured with).
+  // One validator per process for the default schema folder: TESSARON_QBXML_SCHEMA_DIR,
+  // else the folder the build was configured with, else share/tessaron/qbxml-schema of
+  // the installation prefix.
   static SchemaValidator& Default();
   static std::string DefaultSchemaDir();
 

@@ -7,10 +7,10 @@
 
 namespace tessaron::qbsim {
 
-SqlDatabase::SqlDatabase(const std::string& path, Mode mode) : path_(path) {
+SqlDatabase::SqlDatabase(const std::string& path, Mode mode, const std::string& vfs) : path_(path) {
   int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX;
   if (mode == Mode::Create) flags |= SQLITE_OPEN_CREATE;
-  int rc = sqlite3_open_v2(path.c_str(), &db_, flags, nullptr);
+  int rc = sqlite3_open_v2(path.c_str(), &db_, flags, vfs.empty() ? nullptr : vfs.c_str());
   if (rc != SQLITE_OK) {
     std::string why = db_ ? sqlite3_errmsg(db_) : sqlite3_errstr(rc);
     sqlite3_close(db_);

@@ -17,8 +17,9 @@ class SqlDatabase {
  public:
   enum class Mode { ReadWrite, Create };
   // Opens an existing database file (ReadWrite) or creates a new one (Create). A missing
-  // file in ReadWrite mode raises; SQLite's own failures raise with its message.
-  SqlDatabase(const std::string& path, Mode mode);
+  // file in ReadWrite mode raises; SQLite's own failures raise with its message. `vfs`:
+  // a registered SQLite VFS by name; empty = the default.
+  SqlDatabase(const std::string& path, Mode mode, const std::string& vfs = "");
   ~SqlDatabase();
   SqlDatabase(const SqlDatabase&) = delete;
   SqlDatabase& operator=(const SqlDatabase&) = delete;

@@ -22,11 +22,22 @@ std::vector<Node> Elements(Node parent, std::string_view name) {
   return out;
 }
 
-void ForEachDescendant(Node n, const std::function<void(Node)>& fn) {
-  for (Node c = n.first_child(); c; c = c.next_sibling()) {
-    if (c.type() != pugi::node_element) continue;
-    fn(c);
-    ForEachDescendant(c, fn);
+// Every element below `root` in document order. A loop, not a recursion: a message can be
+// nested deeper than the stack is high, and must then be refused, not crash the process.
+// `fn` may rename an element but not remove one.
+void ForEachDescendant(Node root, const std::function<void(Node)>& fn) {
+  Node n = root.first_child();
+  while (n) {
+    if (n.type() == pugi::node_element) {
+      fn(n);
+      if (Node child = n.first_child()) {
+        n = child;
+        continue;
+      }
+    }
+    while (n != root && !n.next_sibling()) n = n.parent();
+    if (n == root) return;
+    n = n.next_sibling();
   }
 }
 
@@ -101,8 +112,10 @@ const Tolerance kTolerances[] = {
      }},
 };
 
+// Compiling the schema takes far longer than checking a message: each folder's schema is
+// compiled once per process and kept.
 SchemaValidator& ValidatorFor(const std::string& dir) {
-  if (dir.empty()) return SchemaValidator::Default();
+  if (dir.empty() || dir == SchemaValidator::DefaultSchemaDir()) return SchemaValidator::Default();
   static std::mutex mutex;
   static std::map<std::string, std::unique_ptr<SchemaValidator>> validators;
   std::lock_guard lock(mutex);

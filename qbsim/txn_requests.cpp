@@ -231,8 +231,8 @@ Status Add(RequestContext& ctx, const TxnKind& kind, const pugi::xml_node& reque
   doc.record.timeCreated = doc.record.timeModified = scope.Timestamp();
   if (!doc.header.Has("RefNumber")) doc.header.Set("RefNumber", ledger.NextRefNumber(kind.name));
   Store(ctx, kind, doc, scope, true);
+  WriteRet(ctx, kind, doc, out, {});  // read back before the commit, as list changes are
   scope.Commit();
-  WriteRet(ctx, kind, doc, out, {});
   return status::Ok();
 }
 
@@ -256,8 +256,8 @@ Status Mod(RequestContext& ctx, const TxnKind& kind, const pugi::xml_node& reque
   doc.record.editSequence = scope.NewEditSequence();
   doc.record.timeModified = scope.Timestamp();
   Store(ctx, kind, doc, scope, false);
+  WriteRet(ctx, kind, doc, out, {});  // read back before the commit, as list changes are
   scope.Commit();
-  WriteRet(ctx, kind, doc, out, {});
   return status::Ok();
 }
 

@@ -8,6 +8,7 @@ packages=(
   libpugixml-dev libsqlite3-dev sqlite3 libxml2-dev libxml2-utils
   libcli11-dev libgtest-dev libgmock-dev googletest libbenchmark-dev
   unixodbc-dev
+  clang libclang-rt-dev   # make fuzz: clang with libFuzzer and the sanitizers' run-times
 )
 
 missing=()

@@ -182,7 +182,9 @@ enum qoEnumErrors : int32_t {
   /* a commit's builder status: the status number as text, the builder's ErrMsg */                    \
   X(BuilderStatus, 0x80040402)                                                                        \
   /* the transaction collections */                                                                   \
-  X(TxnCollection, 0x80040403)
+  X(TxnCollection, 0x80040403)                                                                        \
+  /* a replayed session that leaves its transcript: the position and the first differing line */      \
+  X(ReplayMismatch, 0x80040B60)
 
 namespace err {
 

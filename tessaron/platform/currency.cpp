@@ -78,11 +78,16 @@ Currency Currency::Parse(std::string_view text) {
   return c;
 }
 
+void Currency::Overflow() { RaisePlatform(platform_error::kOverflow); }
+
 Currency Currency::RoundHalfEven(int decimals) const {
   if (decimals >= 4) return *this;
   if (decimals < 0) decimals = 0;
   int64_t unit = kPow10[4 - decimals];
-  return FromRaw(DivRoundHalfEven(raw_, unit) * unit);
+  int64_t rounded = 0;
+  // Rounding the largest values up may leave the range.
+  if (__builtin_mul_overflow(DivRoundHalfEven(raw_, unit), unit, &rounded)) Overflow();
+  return FromRaw(rounded);
 }
 
 std::string Currency::ToString() const {

@@ -36,9 +36,19 @@ class Currency {
   std::string ToString() const;
 
   constexpr auto operator<=>(const Currency&) const = default;
-  constexpr Currency operator-() const { return FromRaw(-raw_); }
-  constexpr Currency& operator+=(Currency o) { raw_ += o.raw_; return *this; }
-  constexpr Currency& operator-=(Currency o) { raw_ -= o.raw_; return *this; }
+  // A result out of the range raises overflow (6), as the platform's arithmetic does.
+  constexpr Currency operator-() const {
+    if (raw_ == INT64_MIN) Overflow();
+    return FromRaw(-raw_);
+  }
+  constexpr Currency& operator+=(Currency o) {
+    if (__builtin_add_overflow(raw_, o.raw_, &raw_)) Overflow();
+    return *this;
+  }
+  constexpr Currency& operator-=(Currency o) {
+    if (__builtin_sub_overflow(raw_, o.raw_, &raw_)) Overflow();
+    return *this;
+  }
   friend constexpr Currency operator+(Currency a, Currency b) { return a += b; }
   friend constexpr Currency operator-(Currency a, Currency b) { return a -= b; }
   // Products and quotients are exact to the ten-thousandth, halves to even.
@@ -46,6 +56,8 @@ class Currency {
   friend Currency operator/(Currency a, Currency b);
 
  private:
+  [[noreturn]] static void Overflow();
+
   int64_t raw_ = 0;
 };
 

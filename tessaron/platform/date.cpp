@@ -42,6 +42,7 @@ bool ReadInt(std::string_view s, size_t pos, size_t len, int& out) {
   for (size_t i = pos; i < pos + len; ++i) {
     char c = s[i];
     if (c < '0' || c > '9') return false;
+    if (v > 99999999) return false;  // no part of a date is this long, and more digits would overflow
     v = v * 10 + (c - '0');
   }
   out = v;

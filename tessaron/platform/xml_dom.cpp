@@ -24,14 +24,25 @@ void AppendTrimmed(std::string& out, const char* value) {
   out.append(v);
 }
 
-void CollectText(pugi::xml_node node, std::string& out) {
-  for (pugi::xml_node c = node.first_child(); c; c = c.next_sibling()) {
-    switch (c.type()) {
+// The texts below `root` in document order. A loop, not a recursion: a response can be
+// nested deeper than the stack is high.
+void CollectText(pugi::xml_node root, std::string& out) {
+  pugi::xml_node n = root.first_child();
+  while (n) {
+    switch (n.type()) {
       case pugi::node_pcdata:
-      case pugi::node_cdata: AppendTrimmed(out, c.value()); break;
-      case pugi::node_element: CollectText(c, out); break;
+      case pugi::node_cdata: AppendTrimmed(out, n.value()); break;
+      case pugi::node_element:
+        if (pugi::xml_node child = n.first_child()) {
+          n = child;
+          continue;
+        }
+        break;
       default: break;
     }
+    while (n != root && !n.next_sibling()) n = n.parent();
+    if (n == root) return;
+    n = n.next_sibling();
   }
 }
 

@@ -3,6 +3,7 @@
 #include "tessaron/platform/currency.h"
 #include "tessaron/platform/date.h"
 #include "tessaron/platform/error.h"
+#include "tests/support/raised.h"
 
 namespace tessaron {
 namespace {
@@ -60,6 +61,23 @@ TEST(Currency, ArithmeticIsExactToTheTenThousandth) {
   EXPECT_EQ(Currency::Parse("2.5").RoundHalfEven(0), Currency(2));
   EXPECT_EQ(Currency::Parse("3.5").RoundHalfEven(0), Currency(4));
   EXPECT_EQ(Currency::Parse("-12.5").ToString(), "-12.5");
+}
+
+// The edges of the range: what leaves it raises overflow (6) instead of wrapping around.
+TEST(Currency, ResultsOutOfTheRangeRaiseOverflow) {
+  const Currency max = Currency::FromRaw(INT64_MAX), min = Currency::FromRaw(INT64_MIN);
+  const auto overflow = static_cast<uint32_t>(platform_error::kOverflow);
+  EXPECT_EQ(testing::NumberRaised([&] { max + Currency::FromRaw(1); }), overflow);
+  EXPECT_EQ(testing::NumberRaised([&] { min - Currency::FromRaw(1); }), overflow);
+  EXPECT_EQ(testing::NumberRaised([&] { -min; }), overflow);
+  EXPECT_EQ(testing::NumberRaised([&] { FormatCurrency(max, "0"); }), overflow);  // rounds up past the largest
+  EXPECT_EQ((max - Currency::FromRaw(1)) + Currency::FromRaw(1), max);
+  EXPECT_EQ(FormatCurrency(max, "0.0000"), "922337203685477.5807");
+}
+
+TEST(Date, TextWithDigitRunsTooLongForAnyDateIsRefused) {
+  EXPECT_EQ(testing::NumberRaised([] { ParseDate("49999495969/11999399939/999"); }),
+            static_cast<uint32_t>(platform_error::kTypeMismatch));
 }
 
 TEST(Date, SerialNumbersFollowThePlatformEpoch) {

@@ -33,6 +33,18 @@ TEST(XmlDom, ResponsesWalkByPositionAsTheLibraryExpects) {
   EXPECT_EQ(walked, "ListID;ParentRef;Name;");  // a range-for visits what item(0..length-1) gives
 }
 
+TEST(XmlDom, TextOfAnElementNestedDeeperThanTheStackIsCollected) {
+  const int depth = 300000;
+  std::string text = "<Name>";
+  for (int i = 0; i < depth; ++i) text += "<a>";
+  text += "deep";
+  for (int i = 0; i < depth; ++i) text += "</a>";
+  text += " end</Name>";
+  XmlDocument doc = XmlDocument::Create();
+  ASSERT_TRUE(doc.loadXML(text));
+  EXPECT_EQ(doc.childNodes().item(0).text(), "deep end");
+}
+
 TEST(XmlDom, MissingItemIsNullAndUsingItRaises91) {
   XmlDocument doc = XmlDocument::Create();
   ASSERT_TRUE(doc.loadXML("<A/>"));

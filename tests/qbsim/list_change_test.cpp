@@ -199,7 +199,9 @@ TEST_F(ListChangeTest, DeleteRefusesRecordsInUseUnknownIdsAndOtherKinds) {
 }
 
 TEST_F(ListChangeTest, LenientModeIgnoresElementsItDoesNotKeep) {
-  processor_ = CreateProcessor();
+  ProcessorOptions lenient;
+  lenient.strict = false;
+  processor_ = CreateProcessor(lenient);
   processor_->OpenConnection("", "lenient");
   ticket_ = processor_->BeginSession(path_, 0);
   Response r = Add("Customer", "<Name>Lenient</Name><PriceLevelRef><FullName>Retail</FullName></PriceLevelRef>");

@@ -8,6 +8,11 @@ namespace {
 
 class StrictModeTest : public QbsimTest {
  protected:
+  static ProcessorOptions Lenient() {
+    ProcessorOptions o;
+    o.strict = false;
+    return o;
+  }
   // The error a message raises; the test fails when it raises none.
   Error Refusal(const std::string& text) {
     try {
@@ -41,13 +46,68 @@ TEST_F(StrictModeTest, SchemaInvalidMessageRaisesTheParseErrorWithTheValidatorsM
   EXPECT_EQ(r.Status(), status::kNotFoundByKey);
 }
 
-TEST_F(StrictModeTest, TextThatIsNotXmlRaisesInEveryMode) {
+// What QuickBooks refuses as it parses, refused by a processor made with the default options.
+struct RefusalCase {
+  const char* name;
+  const char* version;
+  const char* requests;
+  const char* named;  // a word the refusal names
+};
+
+class DefaultRefusalTest : public StrictModeTest, public ::testing::WithParamInterface<RefusalCase> {};
+
+TEST_P(DefaultRefusalTest, RaisesTheParseErrorAndDoesNothing) {
   Open({}, ProcessorOptions{});
+  const RefusalCase& c = GetParam();
+  Error e = Refusal(Message(c.requests, c.version));
+  EXPECT_EQ(e.Number(), static_cast<int32_t>(processor_error::kParse));
+  EXPECT_EQ(e.Description().rfind(processor_error::kParseText, 0), 0u) << e.Description();
+  EXPECT_NE(e.Description().find(c.named), std::string::npos) << e.Description();
+  EXPECT_EQ(Send("<ClassQueryRq requestID=\"1\"><FullName>Refused</FullName></ClassQueryRq>").Status(),
+            status::kNotFoundByKey);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Refusals, DefaultRefusalTest,
+    ::testing::Values(
+        RefusalCase{"OutOfOrder", "4.0",
+                    "<ClassAddRq requestID=\"1\"><ClassAdd><IsActive>1</IsActive><Name>Refused</Name></ClassAdd>"
+                    "</ClassAddRq>",
+                    "IsActive"},
+        RefusalCase{"UnknownElement", "4.0",
+                    "<ClassAddRq requestID=\"1\"><ClassAdd><Name>Refused</Name><Colour>red</Colour></ClassAdd>"
+                    "</ClassAddRq>",
+                    "Colour"},
+        RefusalCase{"MissingRequiredElement", "4.0",
+                    "<ClassAddRq requestID=\"1\"><ClassAdd><IsActive>1</IsActive></ClassAdd></ClassAddRq>"
+                    "<ClassAddRq requestID=\"2\"><ClassAdd><Name>Refused</Name></ClassAdd></ClassAddRq>",
+                    "Name"},
+        RefusalCase{"AboveTheMessagesVersion", "2.1",
+                    "<ClassAddRq requestID=\"1\"><ClassAdd><Name>Refused</Name></ClassAdd></ClassAddRq>"
+                    "<ListDisplayAddRq requestID=\"2\"><ListDisplayAddType>Customer</ListDisplayAddType>"
+                    "</ListDisplayAddRq>",
+                    "version 2.1"},
+        RefusalCase{"DocumentTypeOfAnotherEdition", "CA4.0",
+                    "<ClassAddRq requestID=\"1\"><ClassAdd><Name>Refused</Name></ClassAdd></ClassAddRq>", "CA4.0"}),
+    [](const ::testing::TestParamInfo<RefusalCase>& info) { return std::string(info.param.name); });
+
+TEST_F(StrictModeTest, AMessageNestedDeeperThanTheStackIsRefusedNotACrash) {
+  Open();
+  const int depth = 300000;
+  std::string deep;
+  for (int i = 0; i < depth; ++i) deep += "<a>";
+  for (int i = 0; i < depth; ++i) deep += "</a>";
+  Error e = Refusal(Message("<ClassQueryRq requestID=\"1\">" + deep + "</ClassQueryRq>"));
+  EXPECT_EQ(e.Number(), static_cast<int32_t>(processor_error::kParse));
+}
+
+TEST_F(StrictModeTest, TextThatIsNotXmlRaisesInEveryMode) {
+  Open({}, Lenient());
   EXPECT_EQ(Refusal("<QBXML><QBXMLMsgsRq>").Number(), static_cast<int32_t>(0x80040400));
 }
 
 TEST_F(StrictModeTest, LenientModeAnswersWhatTheSchemaRefuses) {
-  Open({}, ProcessorOptions{});
+  Open({}, Lenient());
   Response r(processor_->ProcessRequest(
       ticket_, Message("<ClassAddRq requestID=\"1\"><ClassAdd><IsActive>1</IsActive><Name>abcdefghijabcdefghijabcdefghijab"
                        "</Name></ClassAdd></ClassAddRq>")));
@@ -121,7 +181,7 @@ TEST_F(StrictModeTest, DocumentTypeOfAnotherEditionIsRefused) {
 TEST_F(StrictModeTest, LenientModeDropsUsOnlyElementsOutsideTheUS) {
   SampleOptions s;
   s.edition = Edition::CA;
-  Open(s, ProcessorOptions{});
+  Open(s, Lenient());
   Response r = Send("<CustomerAddRq requestID=\"1\"><CustomerAdd><Name>Maple Leaf</Name>"
                     "<SalesTaxCodeRef><FullName>Tax</FullName></SalesTaxCodeRef></CustomerAdd></CustomerAddRq>");
   ASSERT_EQ(r.Status(), 0);
