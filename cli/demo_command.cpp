@@ -12,6 +12,9 @@
 #include "tessaron/foundation/enumerations.h"
 #include "tessaron/foundation/qc_error.h"
 #include "tessaron/foundation/values.h"
+#include "tessaron/lists/account.h"
+#include "tessaron/lists/items.h"
+#include "tessaron/platform/text.h"
 #include "tessaron/version.h"
 
 namespace tessaron::cli {
@@ -49,6 +52,38 @@ void ShowCustomerTree(Customers& customers) {
     name += c->Name();
     if (name.size() < 44) name.resize(44, ' ');
     std::cout << name << "  balance " << AmountToDisplayText(c->TotalBalance()) << (c->IsActive() ? "" : "  (inactive)") << "\n";
+  }
+}
+
+// Pads to a column width counted in characters as a person sees them.
+std::string Column(std::string text, size_t width) {
+  const size_t shown = Utf16Length(text);
+  if (shown < width) text.append(width - shown, ' ');
+  return text;
+}
+
+void ShowChartOfAccounts(Accounts& accounts) {
+  accounts.GetAll();
+  std::cout << "\nChart of accounts (" << accounts.Count() << "), balances with their sub-accounts:\n";
+  for (const auto& a : accounts) {
+    std::string name(2 + 2 * static_cast<size_t>(a->Sublevel()), ' ');
+    name += a->NameWithNumber();
+    std::cout << Column(name, 40) << "  " << Column(EnumCodeToXML(a->AccountType(), qoeAccountType), 22) << "  "
+              << AmountToDisplayText(a->RollUpBalances()) << "\n";
+  }
+}
+
+void ShowItems(Items& items) {
+  items.GetAll();
+  std::cout << "\nItems (" << items.Count() << "):\n";
+  for (const auto& i : items) {
+    std::string name(2 + 2 * static_cast<size_t>(i->Sublevel()), ' ');
+    name += i->Name();
+    std::string price;
+    if (i->SalesCost() != Currency())
+      price = i->SalesCostIsPercent() ? FormatCurrency(i->SalesCost(), "0.00") + "%" : AmountToDisplayText(i->SalesCost());
+    std::cout << Column(name, 28) << "  " << Column(i->ClassInfo().className, 20) << "  "
+              << Column(i->SalesDescription(), 32) << "  " << price << "\n";
   }
 }
 
@@ -101,6 +136,8 @@ void AddDemoCommand(CLI::App& app, const GlobalOptions& global) {
     ShowConnection(*qb);
     std::cout << "\nCompany\n";
     PrintCompany(*TessaronGlobals::Company(), std::cout);
+    ShowChartOfAccounts(*TessaronGlobals::Accounts());
+    ShowItems(*TessaronGlobals::Items());
     auto customers = TessaronGlobals::Customers();
     ShowCustomerTree(*customers);
     AddAndReadBack(*customers);

@@ -13,8 +13,7 @@ namespace {
 const std::map<std::string, std::vector<std::string>>& Defaults() {
   static const std::vector<std::string> kTreeName = {"FullName", "IsActive"};
   static const std::vector<std::string> kFlatName = {"Name", "IsActive"};
-  static const std::vector<std::string> kItem = {"FullName", "Class",   "Price",   "SalesPrice",
-                                                 "Amount",   "TaxRate", "IsActive"};
+  static const std::vector<std::string> kItem = {"FullName", "Type", "Description", "Price", "IsActive"};
   static const std::vector<std::string> kEntity = {"Name", "CompanyName", "Phone", "Balance", "IsActive"};
   static const std::map<std::string, std::vector<std::string>> table = {
       {"Account", {"FullName", "AccountType", "Number", "Balance", "TotalBalance", "IsActive"}},

@@ -1,6 +1,6 @@
 // tessaron list COLLECTION --company FILE [--all|--active] [--name-match TEXT --match starts|contains|ends]
-//                          [--name-from A --name-to B] [--balance OP AMOUNT] [--tree] [--format table|json|csv]
-//                          [--columns A,B,...]
+//                          [--name-from A --name-to B] [--balance OP AMOUNT] [--tree] [--type KIND]
+//                          [--columns A,B,...] [--format table|json|csv]
 #include <algorithm>
 #include <functional>
 #include <iostream>
@@ -16,7 +16,10 @@
 #include "tessaron/foundation/enum_codes.h"
 #include "tessaron/foundation/qc_error.h"
 #include "tessaron/framework/lists.h"
+#include "tessaron/lists/account.h"
 #include "tessaron/lists/customers.h"
+#include "tessaron/lists/items.h"
+#include "tessaron/lists/qc_item.h"
 #include "tessaron/lists/list_catalog.h"
 #include "tessaron/platform/text.h"
 #include "tessaron/framework/detail/list_object_access.h"
@@ -57,6 +60,30 @@ std::vector<std::shared_ptr<ListObject>> Records(ListCollectionBase& list, bool 
   return out;
 }
 
+// The kinds of item by the names a person types, in the order of their item types (1 to 12).
+constexpr const char* kItemTypeNames[] = {"service",  "inventory", "non-inventory", "other-charge",
+                                          "subtotal", "group",     "discount",      "payment",
+                                          "sales-tax", "sales-tax-group", "assembly", "fixed-asset"};
+
+// Items of every kind answer the same questions (qcItem): their full name, kind, sales
+// description and price, whether the price sits in the record or in its money side.
+void AddItemProperties(qcItem& item, std::vector<ListObject::PropertyText>& record) {
+  auto set = [&](std::string_view name, std::string text, FieldKind kind) {
+    for (auto& p : record)
+      if (p.name == name) { p.text = std::move(text); return; }
+    record.push_back({name, std::move(text), kind});
+  };
+  set("FullName", item.FullName(), FieldKind::Text);
+  const auto type = static_cast<size_t>(item.ItemType());
+  set("Type", type >= 1 && type <= std::size(kItemTypeNames) ? kItemTypeNames[type - 1] : "", FieldKind::Text);
+  std::string description = item.SalesDescription();
+  set("Description", description.empty() ? item.PurchaseDescription() : description, FieldKind::Text);
+  const Currency price = item.SalesCost();
+  std::string text;
+  if (price != Currency()) text = item.SalesCostIsPercent() ? FormatCurrency(price, "0.00") + "%" : price.ToString();
+  set("Price", text, FieldKind::Amount);
+}
+
 // The columns are the properties of the records' classes, in table order; a collection
 // of two kinds (Terms) shows the union. As a tree, the name comes first, indented by depth.
 Table Collect(const std::vector<std::shared_ptr<ListObject>>& objects, bool tree) {
@@ -65,10 +92,18 @@ Table Collect(const std::vector<std::shared_ptr<ListObject>>& objects, bool tree
   for (const auto& obj : objects) {
     t.classes.emplace_back(obj->ClassInfo().className);
     records.push_back(obj->Properties());
+    if (auto item = std::dynamic_pointer_cast<qcItem>(obj)) AddItemProperties(*item, records.back());
     if (!tree) continue;
     auto& record = records.back();
     auto name = std::find_if(record.begin(), record.end(), [](const auto& p) { return p.name == "Name"; });
     if (name == record.end()) continue;
+    // The chart of accounts reads as an accountant's: numbered names, and each balance with
+    // the balances of the accounts below it.
+    if (auto account = std::dynamic_pointer_cast<Account>(obj)) {
+      name->text = account->NameWithNumber();
+      for (auto& p : record)
+        if (p.name == "Balance") p.text = account->RollUpBalances().ToString();
+    }
     name->text.insert(0, 2 * static_cast<size_t>(std::max<int16_t>(obj->Sublevel(), 0)), ' ');
     std::rotate(record.begin(), name, name + 1);
   }
@@ -225,6 +260,15 @@ void PrintCsv(const Table& t) {
   for (const auto& row : t.rows) line(row);
 }
 
+
+std::vector<std::string> ItemTypeNames() { return {std::begin(kItemTypeNames), std::end(kItemTypeNames)}; }
+
+int32_t ItemTypeOf(const std::string& name) {
+  for (size_t i = 0; i < std::size(kItemTypeNames); ++i)
+    if (EqualsIgnoreCase(name, kItemTypeNames[i])) return static_cast<int32_t>(i + 1);
+  return 0;
+}
+
 std::string NamesText() {
   std::string out;
   for (const auto& n : ListCollectionNames()) out += (out.empty() ? "" : ", ") + n;
@@ -248,6 +292,7 @@ void AddListCommand(CLI::App& app, const GlobalOptions& global) {
     std::vector<std::string> balance;
     bool tree = false;
     std::string columns;
+    std::string type;
   };
   auto args = std::make_shared<Args>();
   cmd->add_option("COLLECTION", args->collection, "The collection, by its name: " + NamesText())->required();
@@ -268,7 +313,12 @@ void AddListCommand(CLI::App& app, const GlobalOptions& global) {
                   "Customers whose total balance compares so with AMOUNT; OP is lt, le, eq, gt or ge")
       ->expected(2)
       ->option_text("OP AMOUNT");
-  cmd->add_flag("--tree", args->tree, "Records under their parents, indented (customers and their jobs)");
+  cmd->add_flag("--tree", args->tree,
+                "Records under their parents, indented (customers and their jobs; the chart of accounts with "
+                "numbers and balances rolled up)");
+  cmd->add_option("--type", args->type, "Items of one kind only")
+      ->check(CLI::IsMember(ItemTypeNames()))
+      ->option_text("KIND");
   cmd->add_option("--columns", args->columns,
                   "The properties to show, by name (any case), comma-separated; the table shows a short "
                   "set per class by default, JSON and CSV every property")
@@ -281,6 +331,9 @@ void AddListCommand(CLI::App& app, const GlobalOptions& global) {
     std::shared_ptr<ListCollectionBase> list = CreateListCollection(args->collection);
     if (!list) throw CLI::ValidationError("COLLECTION", "is not a list collection; one of: " + NamesText());
     if (args->tree && args->format != "table") throw CLI::ValidationError("--tree", "shows a table only");
+    auto items = std::dynamic_pointer_cast<Items>(list);
+    if (!args->type.empty() && !items) throw CLI::ValidationError("--type", "applies to Items only");
+    const int32_t itemType = args->type.empty() ? 0 : ItemTypeOf(args->type);
     // The balance filter: only customers have one.
     auto customers = std::dynamic_pointer_cast<Customers>(list);
     int32_t balanceFilter = 0;
@@ -310,13 +363,18 @@ void AddListCommand(CLI::App& app, const GlobalOptions& global) {
                           : args->match == "contains" ? qbMatchContains
                                                       : qbMatchEndsWith;
       if (customers) customers->GetByNameMatch(args->nameMatch, how, 0, balanceFilter, balance);
+      else if (items) items->GetByNameMatch(itemType, args->nameMatch, how);
       else list->GetByNameMatch(args->nameMatch, how);
     } else if (!args->nameFrom.empty()) {
       if (customers) customers->GetByNameRange(args->nameFrom, args->nameTo, 0, balanceFilter, balance);
+      else if (items) items->GetByNameRange(itemType, args->nameFrom, args->nameTo);
       else list->GetByNameRange(args->nameFrom, args->nameTo);
     } else if (customers) {
       if (args->active) customers->GetActive(0, balanceFilter, balance);
       else customers->GetAll(0, balanceFilter, balance);
+    } else if (items) {
+      if (args->active) items->GetActive(itemType);
+      else items->GetAll(itemType);
     } else if (args->active) {
       list->GetActive();
     } else {

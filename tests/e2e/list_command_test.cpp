@@ -112,6 +112,9 @@ INSTANTIATE_TEST_SUITE_P(
         ColumnsCase{"ClassNamesTheRecordsClass", "Terms --columns Name,class --format csv", "Name,Class"},
         ColumnsCase{"CsvKeepsEveryProperty", "Classes --format csv",
                     "ListID,TimeCreated,TimeModified,EditSequence,Name,FullName,IsActive,Parent,Sublevel"},
+        ColumnsCase{"ItemsOfEveryKindShowTheirPrice", "Items", "FullName Type Description Price IsActive"},
+        ColumnsCase{"ChartTreeStartsWithTheNumberedName", "Accounts --tree",
+                    "Name AccountType Number Balance TotalBalance IsActive"},
         ColumnsCase{"CsvTakesTheChosenColumns", "Customers --format csv --columns Name,TotalBalance",
                     "Name,TotalBalance"}),
     [](const auto& info) { return std::string(info.param.name); });
@@ -140,6 +143,38 @@ TEST_F(ListCommand, UnknownColumnFailsListingTheKnownNames) {
   EXPECT_NE(run.status, 0);
   EXPECT_NE(run.out.find("Colour"), std::string::npos) << run.out;
   EXPECT_NE(run.out.find("FullName, IsActive"), std::string::npos) << run.out;
+}
+
+TEST_F(ListCommand, ItemsOfOneKindByType) {
+  CommandRun run = Tessaron("list Items --type service --columns FullName,Type --format csv" + Company());
+  ASSERT_EQ(run.status, 0) << run.out;
+  EXPECT_NE(run.out.find("Labor:Installation,service\r\n"), std::string::npos) << run.out;
+  EXPECT_EQ(run.out.find("inventory"), std::string::npos) << run.out;
+  CommandRun wrong = Tessaron("list Classes --type service" + Company());
+  EXPECT_NE(wrong.status, 0);
+  EXPECT_NE(wrong.out.find("applies to Items only"), std::string::npos) << wrong.out;
+}
+
+TEST_F(ListCommand, ChartOfAccountsTreeRollsBalancesUpWithNumberedNames) {
+  CommandRun run = Tessaron("list Accounts --tree --columns Name,Balance,TotalBalance --format table" + Company());
+  ASSERT_EQ(run.status, 0) << run.out;
+  // A sub-account sits indented under its parent, both with numbers; the parent's balance
+  // is its own with its sub-accounts', which is what QuickBooks answers as TotalBalance.
+  const size_t parent = run.out.find("\n1500\u00b7Furniture and Equipment");
+  const size_t child = run.out.find("\n  1510\u00b7Accumulated Depreciation");
+  ASSERT_NE(parent, std::string::npos) << run.out;
+  EXPECT_GT(child, parent);
+  size_t line = run.out.find('\n', run.out.find('\n') + 1);
+  while (line != std::string::npos && line + 1 < run.out.size()) {
+    const size_t end = run.out.find('\n', line + 1);
+    std::string row = run.out.substr(line + 1, end - line - 1);
+    while (!row.empty() && row.back() == ' ') row.pop_back();
+    const size_t total = row.find_last_of(' ');
+    const size_t balance = row.find_last_not_of(' ', total);
+    const size_t balanceStart = row.find_last_of(' ', balance);
+    EXPECT_EQ(row.substr(balanceStart + 1, balance - balanceStart), row.substr(total + 1)) << row;
+    line = end;
+  }
 }
 
 }  // namespace
