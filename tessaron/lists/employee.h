@@ -75,7 +75,8 @@ class Employee final : public AddressedEntity {
   // Takes every field of From without the field rule, the state and UserData included.
   void Copy(Employee& From);
 
-  // Library-internal.
+  // Library-internal, through detail::ListObjectAccess.
+ protected:
   // A Clean employee is still sent when its address, an earnings record or the accrued
   // hours changed. Raises for a sub-record in no known state.
   bool ModifyWhileClean() override;

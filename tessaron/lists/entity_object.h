@@ -131,7 +131,8 @@ class AddressedEntity : public EntityObject {
   // The address; made on first use.
   std::shared_ptr<tessaron::Address> Address();
 
-  // Library-internal.
+ protected:
+  // Library-internal, through detail::ListObjectAccess.
   void ResetToNew() override;
   // True when the address is Dirty; raises 0x800403EB "Unknown Child Object State" for an
   // address in no known state.

@@ -102,6 +102,9 @@ class ItemWithLines : public Base {
     lines_->BeginRead();
     return Base::FromDom(obj);
   }
+
+ protected:
+  // Library-internal, through detail::ListObjectAccess.
   void ResetToNew() override {
     Base::ResetToNew();
     lines_->SetChanged(true);

@@ -98,7 +98,7 @@ std::shared_ptr<T> Items::AddSalesOrPurchase(qbEnumItemType type, const std::str
       RaiseInternal(kSource, "Unknown ItemType");
     if (AmountIsPercent && type != qbItemOtherCharge) RaiseInternal(kSource, "Percent not allowed");
     Identify(item, Name, Parent, IsActive);
-    item.SetHasSalesAndPurchaseInternal(false);
+    detail::ListObjectAccess::SetHasSalesAndPurchaseInternal(item, false);
     item.SetSalesTaxCode(SalesTaxCode);
     auto money = item.SalesOrPurchase();
     money->SetDescription(Description);
@@ -118,7 +118,7 @@ std::shared_ptr<T> Items::AddSalesAndPurchase(const std::string& Name, const std
   Errors()->Clear();
   return AddNew<T>([&](T& item) {
     Identify(item, Name, Parent, IsActive);
-    item.SetHasSalesAndPurchaseInternal(true);
+    detail::ListObjectAccess::SetHasSalesAndPurchaseInternal(item, true);
     item.SetSalesTaxCode(SalesTaxCode);
     auto money = item.SalesAndPurchase();
     money->SetSalesDescription(SalesDescription);

@@ -34,7 +34,10 @@ class SalesItem : public ItemObject {
   // True when the item is bought into an expense account of its own (SalesAndPurchase).
   bool ContainsExpenseAccount() const override;
 
-  // Library-internal.
+
+ private:
+  // Library-internal, through detail::ListObjectAccess.
+  friend class detail::ListObjectAccess;
   void SetHasSalesAndPurchaseInternal(bool value) { hasSalesAndPurchase_ = value; }
   void ResetToNew() override;
   // A Clean item is still sent when its money record changed.

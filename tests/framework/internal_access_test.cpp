@@ -9,7 +9,13 @@
 #include "tessaron/framework/detail/list_object_access.h"
 #include "tessaron/company/company.h"
 #include "tessaron/lists/class.h"
+#include "tessaron/lists/account.h"
 #include "tessaron/lists/customer.h"
+#include "tessaron/lists/employee.h"
+#include "tessaron/lists/payroll_item.h"
+#include "tessaron/lists/sales_items.h"
+#include "tessaron/lists/stock_items.h"
+#include "tessaron/lists/vendor.h"
 #include "tessaron/lists/sales_rep.h"
 #include "tessaron/lists/sales_tax_code.h"
 #include "tessaron/lists/terms.h"
@@ -48,6 +54,13 @@ static_assert(HidesCommonInternals<Class>);
 static_assert(HidesCommonInternals<Customer>);
 static_assert(HidesCommonInternals<StandardTerm>);
 static_assert(HidesCommonInternals<ToDo>);
+static_assert(HidesCommonInternals<Account>);
+static_assert(HidesCommonInternals<Vendor> && HidesCommonInternals<OtherName>);
+static_assert(HidesCommonInternals<Employee> && HidesCommonInternals<PayrollItemWage>);
+// Items keep ObjectState writable: the item interface that lines and the collection price
+// items through says so. Everything else stays inside.
+static_assert(CanSetObjectState<ItemService> && !CanSetNameInternal<ItemService> && !CanSetParentInternal<ItemService> &&
+              !CanResetToNew<ItemGroup> && !CanModifyWhileClean<ItemGroup>);
 template <class T>
 concept CanSetNameChecked = requires(T& t) { t.SetNameChecked(std::string()); };
 template <class T, class... A>

@@ -347,9 +347,9 @@ TEST_F(ItemsTest, ACommittedGroupHoldsTheLinesOfTheResponseOnce) {
   EXPECT_EQ(items->Commit(), 0);
   ASSERT_EQ(kit->GroupLines()->Count(), 1);
   EXPECT_EQ(kit->GroupLines()->Item(1)->ItemRef()->ListID(), "I1");
-  EXPECT_FALSE(kit->ModifyWhileClean());
+  EXPECT_FALSE(detail::ListObjectAccess::ModifyWhileClean(*kit));
   kit->GroupLines()->Item(1)->SetQuantity(Currency(3));
-  EXPECT_TRUE(kit->ModifyWhileClean());
+  EXPECT_TRUE(detail::ListObjectAccess::ModifyWhileClean(*kit));
 }
 
 // ---- Queries, deletes and checks -----------------------------------------------------------

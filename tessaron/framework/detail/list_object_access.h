@@ -112,6 +112,10 @@ class ListObjectAccess {
     obj.SetDescriptionInternal(value);
   }
   template <class T>
+  static void SetHasSalesAndPurchaseInternal(T& obj, bool value) {
+    obj.SetHasSalesAndPurchaseInternal(value);
+  }
+  template <class T>
   static void SetIsTaxableInternal(T& obj, bool value) {
     obj.SetIsTaxableInternal(value);
   }
