@@ -16,6 +16,7 @@
 #include "tessaron/lists/class.h"
 #include "tessaron/lists/customers.h"
 #include "tessaron/messaging/xml_bldr.h"
+#include "tests/support/text_match.h"
 #include "tests/support/raised.h"
 #include "tests/lists/customer_records.h"
 #include "tests/support/qbxml_check.h"
@@ -31,7 +32,7 @@ using testing::ResponseElement;
 using testing::ScriptedProcessor;
 using testing::ScriptedSession;
 
-bool Contains(const std::string& text, const std::string& part) { return text.find(part) != std::string::npos; }
+using testing::Contains;
 
 const std::string kCompanyRet =
     "<CompanyRet><IsSampleCompany>true</IsSampleCompany><CompanyName>Rock Castle</CompanyName>"

@@ -10,6 +10,7 @@
 #include "tessaron/foundation/error_numbers.h"
 #include "tessaron/foundation/qc_error.h"
 #include "tessaron/lists/customers.h"
+#include "tests/support/text_match.h"
 #include "tests/support/raised.h"
 #include "tests/lists/customer_records.h"
 #include "tessaron/framework/detail/list_object_access.h"
@@ -24,7 +25,7 @@ using testing::NumberRaised;
 using testing::ResponseElement;
 using testing::ScriptedProcessor;
 
-bool Contains(const std::string& text, const std::string& part) { return text.find(part) != std::string::npos; }
+using testing::Contains;
 
 class CustomersTest : public ::testing::Test {
  protected:

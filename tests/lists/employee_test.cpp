@@ -14,6 +14,7 @@
 #include "tessaron/lists/employees.h"
 #include "tessaron/lists/payroll_item.h"
 #include "tessaron/messaging/xml_bldr.h"
+#include "tests/support/text_match.h"
 #include "tests/support/list_session.h"
 #include "tests/support/raised.h"
 
@@ -27,7 +28,7 @@ using testing::ResponseElement;
 using testing::Ret;
 using testing::ScriptedProcessor;
 
-bool Contains(const std::string& text, const std::string& part) { return text.find(part) != std::string::npos; }
+using testing::Contains;
 
 const std::string kPayroll =
     "<EmployeePayrollInfo><PayPeriod>Weekly</PayPeriod><Earnings><PayrollItemWageRef><FullName>Hourly Wage"

@@ -15,6 +15,7 @@
 #include "tessaron/lists/items.h"
 #include "tessaron/lists/sales_tax_code.h"
 #include "tessaron/messaging/xml_bldr.h"
+#include "tests/support/text_match.h"
 #include "tests/support/list_session.h"
 #include "tests/support/raised.h"
 
@@ -29,7 +30,7 @@ using testing::ResponseElement;
 using testing::Ret;
 using testing::ScriptedProcessor;
 
-bool Contains(const std::string& text, const std::string& part) { return text.find(part) != std::string::npos; }
+using testing::Contains;
 
 // One request of `which` kind (add or modify) for the object, in a whole message.
 std::string Message(ItemObject& item, bool modify) {
