@@ -45,6 +45,7 @@ enum class FieldKind : uint8_t {
   Enum,      // int32_t code of an enumeration table, sent as the row's qbXML text
   Dropped,   // read and thrown away without a word (tags a class knows but keeps nothing of)
   Custom,    // read and written by the row's own functions (addresses, sub-records)
+  Int32,     // int32_t, decimal text
 };
 
 // The kind of write a Custom row is asked for.
@@ -133,6 +134,8 @@ template <class O>
 auto Boolean(std::string_view tag, bool O::*m) { return detail::Row(tag, FieldKind::Boolean, m); }
 template <class O>
 auto Int16(std::string_view tag, int16_t O::*m) { return detail::Row(tag, FieldKind::Int16, m); }
+template <class O>
+auto Int32(std::string_view tag, int32_t O::*m) { return detail::Row(tag, FieldKind::Int32, m); }
 template <class O>
 auto DateTime(std::string_view tag, Date O::*m) { return detail::Row(tag, FieldKind::DateTime, m); }
 template <class O>

@@ -52,6 +52,7 @@ bool IsSet(const BasicFieldDef<Owner>& row, Owner& obj) {
   switch (row.kind) {
     case FieldKind::Text: return !At<std::string>(obj, row.member).empty();
     case FieldKind::Int16: return At<int16_t>(obj, row.member) != 0;
+    case FieldKind::Int32: return At<int32_t>(obj, row.member) != 0;
     case FieldKind::DateTime:
     case FieldKind::Date: return At<Date>(obj, row.member) != 0;
     case FieldKind::Amount:
@@ -66,6 +67,7 @@ template <class Owner>
 bool IsPositive(const BasicFieldDef<Owner>& row, Owner& obj) {
   switch (row.kind) {
     case FieldKind::Int16: return At<int16_t>(obj, row.member) > 0;
+    case FieldKind::Int32: return At<int32_t>(obj, row.member) > 0;
     case FieldKind::Amount:
     case FieldKind::Quantity:
     case FieldKind::Percent: return At<Currency>(obj, row.member) > Currency();
@@ -84,6 +86,7 @@ std::string ValueText(const BasicFieldDef<Owner>& row, Owner& obj, WriteMode mod
       return BooleanToText(b);
     }
     case FieldKind::Int16: return std::to_string(At<int16_t>(obj, row.member));
+    case FieldKind::Int32: return std::to_string(At<int32_t>(obj, row.member));
     case FieldKind::DateTime: return DateTimeToText(At<Date>(obj, row.member));
     case FieldKind::Date: return DateToText(At<Date>(obj, row.member));
     case FieldKind::Amount: return AmountToText(At<Currency>(obj, row.member));
@@ -101,6 +104,9 @@ void ReadRow(const BasicFieldDef<Owner>& row, Owner& obj, const XmlNode& node) {
     case FieldKind::Text: At<std::string>(obj, row.member) = node.text(); break;
     case FieldKind::Boolean: At<bool>(obj, row.member) = BooleanFromText(node.text()); break;
     case FieldKind::Int16: At<int16_t>(obj, row.member) = Int16FromText(node.text()); break;
+    case FieldKind::Int32:
+      At<int32_t>(obj, row.member) = static_cast<int32_t>(Variant(std::string(Trim(node.text()))).ToInteger());
+      break;
     case FieldKind::DateTime:
     case FieldKind::Date: At<Date>(obj, row.member) = DateFromText(node.text()); break;
     case FieldKind::Amount:
