@@ -43,14 +43,16 @@ std::shared_ptr<qcErrors> TxnCollectionBase::Errors() {
 
 bool TxnCollectionBase::ItemExists(const Variant& vntIndexKey) const {
   try {
-    (void)mCol_.Item(vntIndexKey);
+    (void)ItemBase(vntIndexKey);
     return true;
   } catch (const Error&) {
     return false;
   }
 }
 
-std::shared_ptr<TxnObject> TxnCollectionBase::ItemBase(const Variant& vKey) const { return mCol_.Item(vKey); }
+std::shared_ptr<TxnObject> TxnCollectionBase::ItemBase(const Variant& vKey) const {
+  return vKey.IsString() ? mCol_.Item(std::string_view(vKey.ToString())) : mCol_.Item(static_cast<long>(vKey.ToInteger()));
+}
 
 void TxnCollectionBase::RequireMaster() const {
   if (!mMaster_) throw Error(err::kMasterOnly, info_.className, err::kMasterOnlyText);

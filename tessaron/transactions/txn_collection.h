@@ -16,6 +16,7 @@
 #include <string>
 #include <vector>
 
+#include "tessaron/foundation/enum_codes.h"
 #include "tessaron/foundation/enum_types.h"
 #include "tessaron/platform/collection.h"
 #include "tessaron/platform/date.h"

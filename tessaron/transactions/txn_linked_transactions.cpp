@@ -13,7 +13,10 @@ void txnLinkedTransaction::FromDom(const XmlNode& node) {
     else if (tag == "TxnDate") txnDate_ = DateFromText(child.text());
     else if (tag == "RefNumber") refNumber_ = child.text();
     else if (tag == "LinkType") linkType_ = child.text();
-    else if (tag == "Amount") amount_ = CurrencyFromText(child.text());
+    else if (tag == "Amount") {
+      std::string text = child.text();
+      amount_ = CurrencyFromText(text);
+    }
     // Line details and anything newer are not kept.
   }
 }

@@ -51,7 +51,7 @@ class txnLinkedTransactions {
  public:
   long Count() const { return col_.Count(); }
   // By 1-based position.
-  std::shared_ptr<txnLinkedTransaction> Item(const Variant& vntIndexKey) const { return col_.Item(vntIndexKey); }
+  std::shared_ptr<txnLinkedTransaction> Item(long Index) const { return col_.Item(Index); }
   std::vector<std::shared_ptr<txnLinkedTransaction>> NewEnum() const { return col_.Values(); }
   // The object type of the document that holds the links.
   qoEnumListObjectType OwnerType() const { return ownerType_; }
