@@ -36,6 +36,13 @@ TEST_F(LineItemsTest, AGroupBecomesAHeadLineWithOneMemberPerItemFollowingItsQuan
   EXPECT_EQ(member(2)->Amount(), Currency(20));
 }
 
+TEST_F(LineItemsTest, GroupMembersTakeTheirTaxCodesAgainstTheHeader) {
+  auto lines = Lines(qoObjectTypeInvoice, "Exm");
+  auto head = lines->Add("Kit");
+  EXPECT_EQ(head->SalesTaxCode(), "");
+  EXPECT_EQ(head->GroupLines()->Item(Variant(2))->SalesTaxCode(), "Exm");  // Labor: taxable, header named
+}
+
 TEST_F(LineItemsTest, TheMembersOfAGroupCannotBeAddedOrRemovedByHand) {
   auto lines = Lines(qoObjectTypeInvoice);
   auto head = lines->Add("Kit");

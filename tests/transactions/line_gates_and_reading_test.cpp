@@ -32,6 +32,8 @@ concept CanReadLine = requires(T& t, const XmlNode& n) { t.ReadLine(n, false); }
 template <class T>
 concept CanWriteLines = requires(T& t, xmlBldr& b) { t.WriteLines(b, false, false); };
 template <class T>
+concept CanClearLines = requires(T& t) { t.ClearLines(); };
+template <class T>
 concept CanSetAmountInternal = requires(T& t) { t.SetAmountInternal(Currency()); };
 template <class T>
 concept CanFromDom = requires(T& t, const XmlNode& n) { t.FromDom(n); };
@@ -42,7 +44,7 @@ concept CanValidate = requires(T& t) { t.Validate(); };
 
 static_assert(!CanSetOwnerType<txnItemLines> && !CanSetEventSink<txnItemLines> &&
               !CanSetOwnerTaxCode<txnItemLines> && !CanSetObjectState<txnItemLines> && !CanReadLine<txnItemLines> &&
-              !CanWriteLines<txnItemLines>);
+              !CanWriteLines<txnItemLines> && !CanClearLines<txnItemLines>);
 static_assert(!CanSetOwnerType<txnItemLine> && !CanSetEventSink<txnItemLine> && !CanSetOwnerTaxCode<txnItemLine> &&
               !CanSetObjectState<txnItemLine> && !CanSetAmountInternal<txnItemLine> && !CanFromDom<txnItemLine> &&
               !CanWriteLine<txnItemLine> && !CanValidate<txnItemLine>);
@@ -143,6 +145,20 @@ TEST_P(StoredLineTest, BillableStatusNeedsQbxml20) {
   } else {
     EXPECT_EQ(line->BillableStatus(), qbBillableStatusNotBillable);
   }
+}
+
+TEST_P(StoredLineTest, AnOwnerReadingAgainDropsTheStoredLinesAtAnyVersion) {
+  auto lines = Lines(qoObjectTypeBill);
+  XmlDocument doc = XmlDocument::Create();
+  doc.loadXML("<ItemLineRet><TxnLineID>9-1</TxnLineID><Desc>Note</Desc></ItemLineRet>");
+  TxnAccess::ReadLine(*lines, doc.documentElement(), false);
+  amountChanges = 0;
+  TxnAccess::ClearLines(*lines);
+  EXPECT_EQ(lines->Count(), 0);
+  EXPECT_EQ(amountChanges, 0);
+  TxnAccess::ReadLine(*lines, doc.documentElement(), false);
+  const uint32_t raised = NumberRaised([&] { lines->Clear(); });
+  EXPECT_EQ(raised, Currency::Parse(GetParam()) > Currency(2) ? 0u : err::kFieldCannotBeModified);
 }
 
 INSTANTIATE_TEST_SUITE_P(Versions, StoredLineTest, ::testing::Values("1.1", "2.0", "2.1", "3.0"),
