@@ -123,6 +123,8 @@ void txnItemLine::ExpandGroup(const std::shared_ptr<qcItem>& item) {
   auto group = std::dynamic_pointer_cast<ItemGroup>(item);
   if (!group || !group->GroupLines()) return;
   const bool payables = IsPayablesOwner();
+  // Members resolve their tax codes against the document's header, as the head does.
+  groupLines_->ownerTaxCodeRef_ = ownerTaxCodeRef_;
   groupLines_->SetIsAddingGroup(true);
   for (const auto& member : *group->GroupLines()) {
     description_ = payables ? item->PurchaseDescription() : item->SalesDescription();

@@ -68,6 +68,9 @@ class txnItemLines {
   void SetIsAddingGroup(bool value) { isAddingGroup_ = value; }
   void SetOwnerType(qoEnumListObjectType value);
   void SetObjectState(qoEnumObjectState state) { objectState_ = state; }
+  // Drops every line without the change rule or an event, for an owner that reads its
+  // lines again from an answer (the public Clear refuses on a stored document at qbXML 2.0).
+  void ClearLines() { col_ = Collection<std::shared_ptr<txnItemLine>>(); }
   // Reads one line element of an answer and adds it last; the collection is then Clean.
   std::shared_ptr<txnItemLine> ReadLine(const XmlNode& node, bool isGroup);
   // Numbers the lines from 1 and writes each in the owner's dialect: "...Ret" with isRet,

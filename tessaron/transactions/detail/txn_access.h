@@ -58,6 +58,11 @@ class TxnAccess {
   static void SetIsAddingGroup(L& lines, bool value) {
     lines.SetIsAddingGroup(value);
   }
+  // Drops every line without the change rule or an event: before reading an answer again.
+  template <class L>
+  static void ClearLines(L& lines) {
+    lines.ClearLines();
+  }
   // Reads one line element of an answer into a new line added last.
   template <class L>
   static auto ReadLine(L& lines, const XmlNode& node, bool isGroup) {
