@@ -110,7 +110,7 @@ void TxnObject::HandleEvent(qoEnumEventTypes& id, std::string& text) {
 // ---- Reading ---------------------------------------------------------------------------------
 
 Variant TxnObject::FromDom(const XmlNode& obj) {
-  itemLines_->Clear();
+  detail::TxnAccess::ClearLines(*itemLines_);
   linkedTxns_->Clear();
   linesNotLoaded_ = true;
   const std::string_view lineRet = info_.lineRet;

@@ -21,6 +21,7 @@ class InvoiceSession : public ScriptedSession {
     processor().RespondTo("CustomerQueryRq", ScriptedProcessor::Response("CustomerQueryRs", CustomerRet()));
     processor().RespondTo("TermsQueryRq", ScriptedProcessor::Response("TermsQueryRs", TermsRet()));
     processor().RespondTo("SalesTaxCodeQueryRq", ScriptedProcessor::Response("SalesTaxCodeQueryRs", TaxCodeRet()));
+    processor().RespondTo("ItemQueryRq", ScriptedProcessor::Response("ItemQueryRs", ServiceRet()));
   }
   std::shared_ptr<Invoices> invoices() { return State().CurrentCompany->Invoices(); }
   // Queues a response after checking it against the qbXML schema.
@@ -37,6 +38,15 @@ class InvoiceSession : public ScriptedSession {
            "<ShipAddress><Addr1>9 Dock Rd</Addr1><City>Harbor</City></ShipAddress>"
            "<TermsRef><FullName>Net 30</FullName></TermsRef>"
            "<SalesTaxCodeRef><FullName>Tax</FullName></SalesTaxCodeRef></CustomerRet>";
+  }
+  // The service item "Labor" at 10.00, taxable.
+  static std::string ServiceRet() {
+    return "<ItemServiceRet><ListID>B0000001-1</ListID><TimeCreated>2004-02-29T13:05:09</TimeCreated>"
+           "<TimeModified>2004-03-01T08:00:00</TimeModified><EditSequence>1000</EditSequence>"
+           "<Name>Labor</Name><FullName>Labor</FullName><IsActive>true</IsActive><Sublevel>0</Sublevel>"
+           "<SalesTaxCodeRef><FullName>Tax</FullName></SalesTaxCodeRef><SalesOrPurchase><Desc>Labor</Desc>"
+           "<Price>10.00</Price><AccountRef><FullName>Income</FullName></AccountRef></SalesOrPurchase>"
+           "</ItemServiceRet>";
   }
   static std::string TermsRet() {
     return "<StandardTermsRet><ListID>90000001-1</ListID><TimeCreated>2004-02-29T13:05:09</TimeCreated>"
@@ -62,7 +72,7 @@ class InvoiceSession : public ScriptedSession {
            "<BalanceRemaining>30.00</BalanceRemaining><IsPaid>false</IsPaid>" + lines + "</InvoiceRet>";
   }
   static std::string LineRet(const std::string& lineId, const std::string& desc, const std::string& amount) {
-    return "<InvoiceLineRet><TxnLineID>" + lineId + "</TxnLineID><Desc>" + desc + "</Desc><Amount>" + amount +
+    return "<InvoiceLineRet><TxnLineID>" + lineId + "</TxnLineID><ItemRef><FullName>Labor</FullName></ItemRef><Desc>" + desc + "</Desc><Amount>" + amount +
            "</Amount></InvoiceLineRet>";
   }
 };
