@@ -6,6 +6,7 @@
 #include "cli/commands.h"
 #include "cli/session.h"
 #include "cli/company_view.h"
+#include "cli/invoice_view.h"
 #include "qbsim/qbsim.h"
 #include "tessaron/connection/library_state.h"
 #include "tessaron/connection/tessaron_globals.h"
@@ -15,6 +16,8 @@
 #include "tessaron/lists/account.h"
 #include "tessaron/lists/items.h"
 #include "tessaron/platform/text.h"
+#include "tessaron/transactions/invoices.h"
+#include "tessaron/transactions/txn_item_lines.h"
 #include "tessaron/version.h"
 
 namespace tessaron::cli {
@@ -94,7 +97,7 @@ std::string FreeName(Customers& customers) {
   return name;
 }
 
-void AddAndReadBack(Customers& customers) {
+std::string AddAndReadBack(Customers& customers) {
   const std::string name = FreeName(customers);
   auto c = customers.Add(name);
   c->SetCompanyName(name);
@@ -113,6 +116,34 @@ void AddAndReadBack(Customers& customers) {
             << ", EditSequence " << back->EditSequence() << "\n";
   auto job = mine.GetByFullName(name + ":First Job");
   if (job) std::cout << "           " << job->FullName() << ": " << job->JobDescription() << "\n";
+  return name;
+}
+
+// An invoice with a subtotal, a percentage discount after it and sales tax on the taxable
+// lines: the library works the figures out as the lines are added, the company file works
+// them out again from the request, and the two agree.
+void AddInvoice(const std::string& customer) {
+  auto invoices = TessaronGlobals::Invoices();
+  auto inv = invoices->Add(customer);
+  inv->SetSalesTaxCode("Tax");
+  inv->SetSalesTaxItem("Combined Tax");
+  inv->SetMemo("Made by tessaron demo");
+  auto lines = inv->ItemLines();
+  lines->Add("Design", Currency(3));
+  lines->Add("Oak Panel", Currency(4));
+  lines->Add("Subtotal");
+  lines->Add("Trade Discount");
+  std::cout << "\nAn invoice for \"" << customer << "\" with a discount and tax; the library's figures: subtotal "
+            << AmountToDisplayText(inv->Subtotal()) << ", tax " << AmountToDisplayText(inv->SalesTaxTotal())
+            << ". Committing: ";
+  invoices->Commit(inv);
+  if (inv->ObjectState() != qoObjectStateClean) {
+    auto errors = inv->Errors();
+    throw Error(0x80040407u, "tessaron demo",
+                "The invoice was refused: " + (errors->Count() ? errors->Item(1)->Description() : std::string("?")));
+  }
+  std::cout << "accepted as number " << inv->RefNumber() << ", TxnID " << inv->TxnId() << "\n\n";
+  PrintInvoice(*inv, std::cout);
 }
 
 }  // namespace
@@ -140,7 +171,7 @@ void AddDemoCommand(CLI::App& app, const GlobalOptions& global) {
     ShowItems(*TessaronGlobals::Items());
     auto customers = TessaronGlobals::Customers();
     ShowCustomerTree(*customers);
-    AddAndReadBack(*customers);
+    AddInvoice(AddAndReadBack(*customers));
     qb->CloseConnection();
     State().GlobalConnection.reset();
     std::cout << "Connection closed.\n";

@@ -1,6 +1,7 @@
 // tessaron list COLLECTION --company FILE [--all|--active] [--name-match TEXT --match starts|contains|ends]
 //                          [--name-from A --name-to B] [--balance OP AMOUNT] [--tree] [--type KIND]
 //                          [--columns A,B,...] [--format table|json|csv]
+// tessaron list Invoices --company FILE [--from DATE --to DATE] [--customer NAME] [--open|--paid]
 #include <algorithm>
 #include <functional>
 #include <iostream>
@@ -9,6 +10,7 @@
 #include <vector>
 
 #include "cli/commands.h"
+#include "cli/invoice_view.h"
 #include "cli/list_columns.h"
 #include "cli/table_output.h"
 #include "cli/session.h"
@@ -164,9 +166,16 @@ void AddListCommand(CLI::App& app, const GlobalOptions& global) {
     bool tree = false;
     std::string columns;
     std::string type;
+    // Invoices only.
+    std::string from;
+    std::string to;
+    std::string customer;
+    bool open = false;
+    bool paid = false;
   };
   auto args = std::make_shared<Args>();
-  cmd->add_option("COLLECTION", args->collection, "The collection, by its name: " + NamesText())->required();
+  cmd->add_option("COLLECTION", args->collection, "The collection, by its name: " + NamesText() + ", Invoices")
+      ->required();
   cmd->add_option("--company", args->file, "The company file")->required();
   auto* all = cmd->add_flag("--all", args->all, "All records, active or not (the default)");
   cmd->add_flag("--active", args->active, "Only active records")->excludes(all);
@@ -198,7 +207,32 @@ void AddListCommand(CLI::App& app, const GlobalOptions& global) {
       ->check(CLI::IsMember({"table", "json", "csv"}))
       ->capture_default_str();
 
-  cmd->callback([args, &global] {
+  auto* txnFrom = cmd->add_option("--from", args->from, "Invoices dated from this day on")->option_text("DATE");
+  auto* txnTo = cmd->add_option("--to", args->to, "Invoices dated up to this day")->option_text("DATE");
+  auto* customer = cmd->add_option("--customer", args->customer, "Invoices of this customer and its jobs")->option_text("NAME");
+  auto* open = cmd->add_flag("--open", args->open, "Invoices not fully paid");
+  cmd->add_flag("--paid", args->paid, "Paid invoices")->excludes(open);
+  const std::vector<CLI::Option*> invoiceOptions = {txnFrom, txnTo, customer, open};
+
+  cmd->callback([args, &global, invoiceOptions, cmd] {
+    if (EqualsIgnoreCase(args->collection, "Invoices")) {
+      InvoiceFilter filter;
+      auto day = [](const std::string& text, const char* option) {
+        if (text.empty()) return Date(0);
+        Date d = 0;
+        if (!TryParseDate(text, d)) throw CLI::ValidationError(option, "takes a date as yyyy-mm-dd");
+        return d;
+      };
+      filter.from = day(args->from, "--from");
+      filter.to = day(args->to, "--to");
+      filter.customer = args->customer;
+      filter.paidStatus = args->paid ? 2 : args->open ? 3 : 1;
+      ListInvoices(args->file, filter, args->format, global);
+      return;
+    }
+    for (const CLI::Option* o : invoiceOptions)
+      if (o->count() > 0) throw CLI::ValidationError(o->get_name(), "applies to Invoices only");
+    if (args->paid) throw CLI::ValidationError("--paid", "applies to Invoices only");
     std::shared_ptr<ListCollectionBase> list = CreateListCollection(args->collection);
     if (!list) throw CLI::ValidationError("COLLECTION", "is not a list collection; one of: " + NamesText());
     if (args->tree && args->format != "table") throw CLI::ValidationError("--tree", "shows a table only");
