@@ -335,23 +335,26 @@ void Fill(CompanyFile& file, const SampleOptions& o) {
   }
 
   // Items of every kind.
-  auto salesOrPurchase = [&](const char* desc, const char* price, const std::string& account) {
-    return Fields{{"SalesOrPurchase/Desc", desc}, {"SalesOrPurchase/Price", price},
+  // Every item sold carries a tax code, as QuickBooks gives each one: labour and charges are
+  // not taxed, goods are.
+  auto salesOrPurchase = [&](const char* desc, const char* price, const std::string& account,
+                             const std::string& taxCode) {
+    return Fields{{"SalesTaxCodeRef", taxCode}, {"SalesOrPurchase/Desc", desc}, {"SalesOrPurchase/Price", price},
                   {"SalesOrPurchase/AccountRef", account}};
   };
-  std::string labor = b.Add("ItemService", "Labor", salesOrPurchase("Shop labor, per hour", "65", acc.services));
-  b.Add("ItemService", "Installation", salesOrPurchase("On-site installation, per hour", "80", acc.services), labor);
-  b.Add("ItemService", "Design", salesOrPurchase("Design consultation, per hour", "95", acc.services));
+  std::string labor = b.Add("ItemService", "Labor", salesOrPurchase("Shop labor, per hour", "65", acc.services, nonTaxable));
+  b.Add("ItemService", "Installation", salesOrPurchase("On-site installation, per hour", "80", acc.services, nonTaxable), labor);
+  b.Add("ItemService", "Design", salesOrPurchase("Design consultation, per hour", "95", acc.services, nonTaxable));
   Fields hardware = {{"SalesTaxCodeRef", taxable},          {"SalesAndPurchase/SalesDesc", "Cabinet hardware set"},
                      {"SalesAndPurchase/SalesPrice", "24"}, {"SalesAndPurchase/IncomeAccountRef", acc.sales},
                      {"SalesAndPurchase/PurchaseDesc", "Hardware set"}, {"SalesAndPurchase/PurchaseCost", "11.5"},
                      {"SalesAndPurchase/ExpenseAccountRef", acc.cogs}, {"SalesAndPurchase/PrefVendorRef", vendors[0]}};
   std::string hardwareId = b.Add("ItemNonInventory", "Hardware", hardware);
-  b.Add("ItemNonInventory", "Finishing Oil", salesOrPurchase("Finishing oil, one litre", "18", acc.sales));
-  b.Add("ItemNonInventory", "Hinges", salesOrPurchase("Soft-close hinges, pair", "7.5", acc.sales), hardwareId);
-  std::string delivery = b.Add("ItemOtherCharge", "Delivery", salesOrPurchase("Delivery charge", "45", acc.sales));
+  b.Add("ItemNonInventory", "Finishing Oil", salesOrPurchase("Finishing oil, one litre", "18", acc.sales, taxable));
+  b.Add("ItemNonInventory", "Hinges", salesOrPurchase("Soft-close hinges, pair", "7.5", acc.sales, taxable), hardwareId);
+  std::string delivery = b.Add("ItemOtherCharge", "Delivery", salesOrPurchase("Delivery charge", "45", acc.sales, nonTaxable));
   b.Add("ItemOtherCharge", "Restocking Fee",
-        {{"SalesOrPurchase/Desc", "Restocking fee"}, {"SalesOrPurchase/PricePercent", "15"},
+        {{"SalesTaxCodeRef", nonTaxable}, {"SalesOrPurchase/Desc", "Restocking fee"}, {"SalesOrPurchase/PricePercent", "15"},
          {"SalesOrPurchase/AccountRef", acc.sales}});
   std::vector<std::string> parts;
   for (const auto& [name, price, cost] : {std::tuple{"Oak Panel", "42", "21"}, {"Maple Panel", "38", "19"},
@@ -363,7 +366,8 @@ void Fill(CompanyFile& file, const SampleOptions& o) {
     parts.push_back(b.Add("ItemInventory", name, f));
   }
   b.Add("ItemInventoryAssembly", "Base Cabinet",
-        {{"SalesDesc", "Assembled base cabinet"}, {"SalesPrice", "420"}, {"IncomeAccountRef", acc.sales},
+        {{"SalesTaxCodeRef", taxable}, {"SalesDesc", "Assembled base cabinet"}, {"SalesPrice", "420"},
+         {"IncomeAccountRef", acc.sales},
          {"COGSAccountRef", acc.cogs}, {"AssetAccountRef", acc.inventory}, {"BuildPoint", "2"},
          {"QuantityOnHand", "4"}, {"ItemInventoryAssemblyLine#0/ItemInventoryRef", parts[0]},
          {"ItemInventoryAssemblyLine#0/Quantity", "4"}, {"ItemInventoryAssemblyLine#1/ItemInventoryRef", parts[3]},
@@ -373,7 +377,8 @@ void Fill(CompanyFile& file, const SampleOptions& o) {
          {"ItemGroupLine#0/Quantity", "2"}, {"ItemGroupLine#1/ItemRef", delivery}, {"ItemGroupLine#1/Quantity", "1"}});
   b.Add("ItemSubtotal", "Subtotal", {{"ItemDesc", "Subtotal"}});
   b.Add("ItemDiscount", "Trade Discount",
-        {{"ItemDesc", "Trade discount"}, {"DiscountRatePercent", "10"}, {"AccountRef", acc.discounts}});
+        {{"ItemDesc", "Trade discount"}, {"SalesTaxCodeRef", taxable}, {"DiscountRatePercent", "10"},
+         {"AccountRef", acc.discounts}});
   b.Add("ItemPayment", "Deposit Received",
         {{"ItemDesc", "Deposit"}, {"DepositToAccountRef", acc.undeposited}});
   b.Add("ItemFixedAsset", "Panel Saw",
