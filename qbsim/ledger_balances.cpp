@@ -24,11 +24,38 @@ void PostOpeningBalance(CompanyFile& file, ListStore& store, WriteScope& scope, 
                         const std::string& date) {
   if (amount == 0) return;
   std::string equity = SpecialAccount(file, store, &scope, "OpeningBalanceEquity");
+  const std::string day = date.empty() ? FormatDate(Today(), "yyyy-mm-dd") : date;
+  if (r.kind == "Customer") {
+    // QuickBooks keeps what a customer owed on the opening day as an invoice of its own, with
+    // one line "Opening balance": it is listed, aged and paid as any other invoice, so that a
+    // customer's balance is always the sum of its open invoices.
+    LedgerStore ledger(file);
+    const std::string ar = SpecialAccount(file, store, &scope, "AccountsReceivable");
+    FieldMap header;
+    header.Set("CustomerRef", r.listId);
+    header.Set("ARAccountRef", ar);
+    header.Set("TxnDate", day);
+    TxnRecord txn;
+    txn.kind = "Invoice";
+    txn.txnId = scope.NewId();
+    txn.txnNumber = ledger.NextTxnNumber();
+    txn.editSequence = scope.NewEditSequence();
+    txn.timeCreated = txn.timeModified = scope.Timestamp();
+    txn.txnDate = day;
+    txn.entityId = r.listId;
+    txn.accountId = ar;
+    txn.body = header.Encode();
+    FieldMap line;
+    line.Set("Desc", "Opening balance");
+    line.Set("Amount", CentsText(amount));
+    const std::vector<TxnLineRecord> lines = {{scope.NewId(), "", line.Encode()}};
+    const std::vector<Posting> rows = {{ar, amount, r.listId, "", "", txn.txnId}, {equity, -amount, r.listId, "", "", ""}};
+    ledger.Insert(txn, lines, rows);
+    return;
+  }
   Posting own;
   own.entityId = r.kind == "Account" ? "" : r.listId;
-  if (r.kind == "Customer") {
-    own = {SpecialAccount(file, store, &scope, "AccountsReceivable"), amount, r.listId, "", "", r.listId};
-  } else if (r.kind == "Vendor") {
+  if (r.kind == "Vendor") {
     own = {SpecialAccount(file, store, &scope, "AccountsPayable"), -amount, r.listId, "", "", r.listId};
   } else {
     bool debit = DebitNatured(FieldMap::Decode(r.body).Get("AccountType"));
@@ -37,7 +64,7 @@ void PostOpeningBalance(CompanyFile& file, ListStore& store, WriteScope& scope, 
   Posting balancing{equity, -own.amount, own.entityId, "", "", ""};
   TxnRecord txn;
   txn.txnId = r.listId;
-  txn.txnDate = date.empty() ? FormatDate(Today(), "yyyy-mm-dd") : date;
+  txn.txnDate = day;
   std::vector<Posting> rows = {own, balancing};
   LedgerStore(file).AddPostings(txn, rows);
 }

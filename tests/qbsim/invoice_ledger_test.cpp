@@ -269,9 +269,10 @@ class InvoiceRefusalTest : public InvoiceLedgerTest, public ::testing::WithParam
 
 TEST_P(InvoiceRefusalTest, RefusedWithStatusAndNothingStored) {
   const RefusalCase& c = GetParam();
+  const size_t before = Send("<InvoiceQueryRq/>").Records().size();
   Response r = AddInvoice(c.customer, c.header, c.lines);
   EXPECT_EQ(r.Status(), c.status) << r.Message();
-  EXPECT_EQ(Send("<InvoiceQueryRq/>").Status(), status::kNoMatch);
+  EXPECT_EQ(Send("<InvoiceQueryRq/>").Records().size(), before);
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -429,15 +430,21 @@ class SampleInvoicesTest : public InvoiceLedgerTest {
 
 TEST_F(SampleInvoicesTest, SampleCompanyHoldsPaidAndOpenInvoicesOfTheLastTwoYears) {
   Response all = Send("<InvoiceQueryRq><IncludeLineItems>true</IncludeLineItems></InvoiceQueryRq>");
-  ASSERT_EQ(all.Records().size(), 40u);
   std::string twoYearsAgo = FormatDate(Today() - 731, "yyyy-mm-dd"), today = FormatDate(Today(), "yyyy-mm-dd");
-  int paid = 0;
+  int paid = 0, numbered = 0;
   for (pugi::xml_node inv : all.Records()) {
+    // What customers owed on the opening day stands as unnumbered invoices of one line.
+    if (!inv.child("RefNumber")) {
+      EXPECT_STREQ(inv.child("InvoiceLineRet").child_value("Desc"), "Opening balance");
+      continue;
+    }
+    ++numbered;
     EXPECT_GE(std::string(inv.child_value("TxnDate")), twoYearsAgo);
     EXPECT_LE(std::string(inv.child_value("TxnDate")), today);
     EXPECT_TRUE(inv.child("InvoiceLineRet") || inv.child("InvoiceLineGroupRet"));
     paid += std::string(inv.child_value("IsPaid")) == "true";
   }
+  EXPECT_EQ(numbered, 40);
   EXPECT_GT(paid, 0);
   EXPECT_LT(paid, 40);
 }
@@ -463,7 +470,9 @@ class InvoiceQueryTest : public InvoiceLedgerTest,
 TEST_P(InvoiceQueryTest, FilterSelectsTheInvoices) {
   Response r = Send(std::string("<InvoiceQueryRq>") + GetParam().first + "</InvoiceQueryRq>");
   std::vector<std::string> refs;
-  for (pugi::xml_node inv : r.Records()) refs.push_back(inv.child_value("RefNumber"));
+  // The sample's opening balances are unnumbered invoices; the filters pick among the three.
+  for (pugi::xml_node inv : r.Records())
+    if (inv.child("RefNumber")) refs.push_back(inv.child_value("RefNumber"));
   EXPECT_EQ(refs, GetParam().second) << r.Message();
 }
 
