@@ -57,7 +57,9 @@ class InvoicesEndToEnd : public testing::EditionTest {
 TEST_P(InvoicesEndToEnd, EveryKindOfLineIsAcceptedAndTotalledAlike) {
   auto inv = invoices->Add(customer, "E2E-1");
   auto lines = inv->ItemLines();
+  if (IsUS()) inv->SetSalesTaxItem("State Tax");
   lines->Add("Labor", Currency(2));           // service
+  if (IsUS()) lines->Add("City Tax");         // sales tax item: the tax of the line above
   lines->Add("Oak Panel", Currency(3));       // inventory
   lines->Add("Finishing Oil", Currency(2));   // non-inventory
   lines->Add("Delivery", Currency(1));        // other charge
@@ -67,10 +69,6 @@ TEST_P(InvoicesEndToEnd, EveryKindOfLineIsAcceptedAndTotalledAlike) {
   fixed->SetCostIsPercent(false);
   fixed->SetCost(Currency(5));
   lines->Add("Install Kit");                  // group
-  if (IsUS()) {
-    inv->SetSalesTaxItem("State Tax");
-    lines->Add("City Tax");                   // sales tax item
-  }
   const Currency subtotal = inv->Subtotal();
   const Currency tax = inv->SalesTaxTotal();
   ASSERT_GT(subtotal, Currency());
@@ -86,7 +84,7 @@ TEST_P(InvoicesEndToEnd, EveryKindOfLineIsAcceptedAndTotalledAlike) {
   EXPECT_EQ(back->SalesTaxTotal(), tax);
   EXPECT_EQ(back->RefNumber(), "E2E-1");
   ASSERT_EQ(back->ItemLines()->Count(), IsUS() ? 9 : 8);
-  auto group = back->ItemLines()->Item(Variant(8));
+  auto group = back->ItemLines()->Item(Variant(back->ItemLines()->Count()));
   EXPECT_TRUE(group->IsGroup());
   EXPECT_EQ(group->GroupLines()->Count(), 2);
 }
@@ -143,7 +141,9 @@ TEST_P(InvoicesEndToEnd, EveryQueryFindsWhatItShould) {
     return invoices->Count();
   };
   auto has = [&](const std::shared_ptr<Invoice>& inv) {
-    return std::any_of(invoices->begin(), invoices->end(), [&](const auto& i) { return i->TxnId() == inv->TxnId(); });
+    for (const auto& i : *invoices)
+      if (i->TxnId() == inv->TxnId()) return true;
+    return false;
   };
   EXPECT_EQ(count([&] { invoices->GetByRefNumber("E2E-Q1", "E2E-Q2"); }), 2);
   EXPECT_EQ(count([&] { invoices->GetByRefNumberMatch("E2E-Q", 1); }), 2);
