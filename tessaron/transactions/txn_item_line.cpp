@@ -27,8 +27,6 @@ namespace {
 constexpr const char* kSource = "Tessaron:txnItemLine";
 constexpr const char* kClass = "txnItemLine";
 
-[[noreturn]] void Fail(uint32_t number) { throw Error(number, kSource, ErrorText(number)); }
-
 const std::string& NameOf(const std::shared_ptr<qcListObjectRef>& ref) {
   static const std::string kEmpty;
   return ref ? ref->FullName() : kEmpty;
@@ -58,12 +56,12 @@ void txnItemLine::MarkModified(bool checkAllowed) { detail::MarkLineModified(obj
 void txnItemLine::CheckNotInGroup() const {
   // Only an owner of the item-group type is refused here; documents rely on the member
   // list's own check.
-  if (ownerType_ == qoObjectTypeItemGroup) Fail(err::kGroupLineChange);
+  if (ownerType_ == qoObjectTypeItemGroup) detail::FailLine(err::kGroupLineChange);
 }
 
 void txnItemLine::CheckOwnerTypeIn(std::initializer_list<int32_t> types) const {
   if (ownerType_ == 0) RaiseInternal(kClass, "Unknown owner transaction type");
-  if (!OneOf(ownerType_, types)) Fail(err::kPropertyNotForTxnType);
+  if (!OneOf(ownerType_, types)) detail::FailLine(err::kPropertyNotForTxnType);
 }
 
 bool txnItemLine::IsSalesOwner() const { return detail::IsSalesOwner(ownerType_, kClass); }
@@ -75,8 +73,7 @@ qbEnumItemType txnItemLine::ItemTypeOfLine() const {
 }
 
 bool txnItemLine::ItemTypeIn(std::initializer_list<qbEnumItemType> types) const {
-  const qbEnumItemType t = ItemTypeOfLine();
-  return std::find(types.begin(), types.end(), t) != types.end();
+  return detail::TypeIn(ItemTypeOfLine(), types);
 }
 
 bool txnItemLine::IsGroupMemberLine() const { return isGroup_ && ItemTypeOfLine() != qbItemGroup; }
@@ -150,7 +147,7 @@ void txnItemLine::SetCustomer(const std::string& value) {
                     qoObjectTypeCreditCardCharge, qoObjectTypeCreditCardCredit, qoObjectTypeItemReceipt});
   CheckNotInGroup();
   auto ref = NewRef(qoListCustomers, value);
-  if (!value.empty() && !ref->Object()) Fail(err::kCustomerMissing);
+  if (!value.empty() && !ref->Object()) detail::FailLine(err::kCustomerMissing);
   MarkModified(true);
   customerRef_ = ref;
 }
@@ -174,7 +171,7 @@ void txnItemLine::SetSalesTaxCode(const std::string& value) {
     isTaxable_ = false;
   } else {
     auto code = std::dynamic_pointer_cast<tessaron::SalesTaxCode>(ref->Object());
-    if (!code) Fail(err::kSalesTaxCodeMissing);
+    if (!code) detail::FailLine(err::kSalesTaxCodeMissing);
     isTaxable_ = code->IsTaxable();
   }
   salesTaxCodeRef_ = ref;
@@ -193,7 +190,7 @@ void txnItemLine::SetMarkupIsPercent(bool value) {
 }
 
 void txnItemLine::SetMarkup(Currency value) {
-  if (ownerType_ != qoObjectTypeEstimate) Fail(err::kMarkupEstimatesOnly);
+  if (ownerType_ != qoObjectTypeEstimate) detail::FailLine(err::kMarkupEstimatesOnly);
   MarkModified(true);
   markup_ = value;
   RecalculateLine();
@@ -219,7 +216,7 @@ const std::string& txnItemLine::TaxCode() const { return NameOf(taxCodeRef_); }
 void txnItemLine::SetAmount(Currency value) {
   CheckNotInGroup();
   MarkModified(true);
-  if (ItemTypeOfLine() == qbItemSubtotal) Fail(err::kAmountReadOnly);
+  if (ItemTypeOfLine() == qbItemSubtotal) detail::FailLine(err::kAmountReadOnly);
   amount_ = value;
   if (quantity_ != Currency() && quantity_ != Currency(1)) cost_ = Divide(amount_, quantity_);
   else cost_ = amount_;

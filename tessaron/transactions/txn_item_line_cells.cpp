@@ -30,23 +30,18 @@ bool txnItemLine::FieldCanBeUpdated(qoEnumFldTxn iFld) const {
   if (State().QBXMLVersionNumber < Currency::FromRaw(21000) && objectState_ != qoObjectStateNew) return false;
   if (Item().empty()) return true;
   const qbEnumItemType type = ItemTypeOfLine();
-  auto typeIn = [type](std::initializer_list<qbEnumItemType> set) {
-    for (auto t : set)
-      if (t == type) return true;
-    return false;
-  };
   switch (iFld) {
     case qoFldTxnItem:
     case qoFldTxnDescription:
       return !IsGroupMemberLine();
     case qoFldTxnQuantity:
-      if (typeIn({qbItemService, qbItemOtherCharge, qbItemNonInventory})) {
+      if (detail::TypeIn(type, {qbItemService, qbItemOtherCharge, qbItemNonInventory})) {
         auto item = ItemObject();
         return !(item && item->SalesCostIsPercent());
       }
-      return typeIn({qbItemAssembly, qbItemGroup, qbItemInventory});
+      return detail::TypeIn(type, {qbItemAssembly, qbItemGroup, qbItemInventory});
     case qoFldTxnCost:
-      return typeIn({qbItemAssembly, qbItemService, qbItemOtherCharge, qbItemNonInventory, qbItemDiscount,
+      return detail::TypeIn(type, {qbItemAssembly, qbItemService, qbItemOtherCharge, qbItemNonInventory, qbItemDiscount,
                      qbItemInventory});
     case qoFldTxnServiceDate:
     case qoFldTxnClass:
@@ -54,10 +49,10 @@ bool txnItemLine::FieldCanBeUpdated(qoEnumFldTxn iFld) const {
     case qoFldTxnAmount:
       return type != qbItemSubtotal && !isGroup_;
     case qoFldTxnTax:
-      return !typeIn({qbItemGroup, qbItemSubtotal, qbItemSalesTaxGroup, qbItemSalesTax, qbItemPayment});
+      return !detail::TypeIn(type, {qbItemGroup, qbItemSubtotal, qbItemSalesTaxGroup, qbItemSalesTax, qbItemPayment});
     case qoFldTxnMarkup:
       return ownerType_ == qoObjectTypeEstimate &&
-             typeIn({qbItemAssembly, qbItemService, qbItemOtherCharge, qbItemNonInventory, qbItemInventory,
+             detail::TypeIn(type, {qbItemAssembly, qbItemService, qbItemOtherCharge, qbItemNonInventory, qbItemInventory,
                      qbItemEmpty});
     case qoFldTxnCustomer:
       return detail::IsPayablesType(ownerType_);

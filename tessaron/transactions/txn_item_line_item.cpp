@@ -14,17 +14,11 @@
 
 namespace tessaron {
 
-namespace {
-
-[[noreturn]] void Fail(uint32_t number) { throw Error(number, "Tessaron:txnItemLine", ErrorText(number)); }
-
-}  // namespace
-
 void txnItemLine::SetItem(const std::string& value) {
   CheckNotInGroup();
   auto ref = detail::NewRef(qoListItems, value);
   auto item = std::dynamic_pointer_cast<qcItem>(ref->Object());
-  if (!item) Fail(err::kInvalidItem);
+  if (!item) detail::FailLine(err::kInvalidItem);
   MarkModified(true);
   groupLines_->Clear();
 
@@ -58,7 +52,7 @@ void txnItemLine::PullFromItem(const std::shared_ptr<qcItem>& item) {
     case qbItemAssembly:
     case qbItemFixedAsset:
       if (payables) {
-        if (item->PurchaseCostIsPercent()) Fail(err::kApPercentItem);
+        if (item->PurchaseCostIsPercent()) detail::FailLine(err::kApPercentItem);
         cost_ = item->PurchaseCost();
         costIsPercent_ = item->PurchaseCostIsPercent();
         description_ = item->PurchaseDescription();
@@ -76,7 +70,7 @@ void txnItemLine::PullFromItem(const std::shared_ptr<qcItem>& item) {
       cost_ = Currency();
       break;
     case qbItemDiscount:
-      if (payables) Fail(err::kUnsupportedItemType);
+      if (payables) detail::FailLine(err::kUnsupportedItemType);
       cost_ = item->SalesCost();
       costIsPercent_ = item->SalesCostIsPercent();
       description_ = item->SalesDescription();
@@ -84,15 +78,15 @@ void txnItemLine::PullFromItem(const std::shared_ptr<qcItem>& item) {
       SetSalesTaxCode(item->SalesTaxCode());
       break;
     case qbItemPayment:
-      if (payables || ownerType_ == qoObjectTypeEstimate) Fail(err::kUnsupportedItemType);
+      if (payables || ownerType_ == qoObjectTypeEstimate) detail::FailLine(err::kUnsupportedItemType);
       break;
     case qbItemSalesTax:
     case qbItemSalesTaxGroup: {
-      if (payables) Fail(err::kUnsupportedItemType);
+      if (payables) detail::FailLine(err::kUnsupportedItemType);
       // A group is asked about by its tax code text, a single tax item by its name.
       const bool group = item->ItemType() == qbItemSalesTaxGroup;
       if (eventSink_) eventSink_->SetDisabled(false);
-      if (!TaxItemAllowed(group ? item->SalesTaxCode() : item->FullName())) Fail(err::kTaxItemInHeader);
+      if (!TaxItemAllowed(group ? item->SalesTaxCode() : item->FullName())) detail::FailLine(err::kTaxItemInHeader);
       auto tax = std::dynamic_pointer_cast<qcItemTax>(item);
       description_ = item->SalesDescription();
       cost_ = tax ? tax->TaxRate() : Currency();

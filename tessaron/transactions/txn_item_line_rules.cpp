@@ -25,6 +25,8 @@ void MarkLineModified(qoEnumObjectState& state, bool checkAllowed, const char* s
   state = qoObjectStateDirty;
 }
 
+void FailLine(uint32_t number) { throw Error(number, "Tessaron:txnItemLine", ErrorText(number)); }
+
 std::shared_ptr<qcListObjectRef> NewRef(qoEnumListType list, const std::string& name) {
   auto ref = std::make_shared<qcListObjectRef>(list);
   if (!name.empty()) ListObjectAccess::SetFullName(*ref, name);

@@ -150,11 +150,6 @@ void txnItemLine::WriteLine(xmlBldr& b, bool isRet, bool isMod) {
 void txnItemLine::WritePlain(xmlBldr& b, bool isRet, bool isMod) {
   const bool hasItem = !Item().empty();
   const qbEnumItemType type = ItemTypeOfLine();
-  auto typeIn = [type](std::initializer_list<qbEnumItemType> set) {
-    for (auto t : set)
-      if (t == type) return true;
-    return false;
-  };
   auto rate = [&] {
     if (costIsPercent_) b.CreateElement("RatePercent", PercentRateToText(cost_));
     else b.CreateElement("Rate", PercentRateToText(cost_));
@@ -217,10 +212,10 @@ void txnItemLine::WritePlain(xmlBldr& b, bool isRet, bool isMod) {
   WriteRef(b, itemRef_, "ItemRef", isRet);
   b.CreateElement2("Desc", description_, isMod);
   if (hasItem) {
-    if (quantityWasSet_ && !typeIn({qbItemPayment, qbItemDiscount, qbItemSalesTax, qbItemSalesTaxGroup,
+    if (quantityWasSet_ && !detail::TypeIn(type, {qbItemPayment, qbItemDiscount, qbItemSalesTax, qbItemSalesTaxGroup,
                                     qbItemSubtotal, qbItemFixedAsset}))
       b.CreateElement("Quantity", QuantityToText(quantity_));
-    if (!typeIn({qbItemSalesTax, qbItemSubtotal, qbItemSalesTaxGroup})) rate();
+    if (!detail::TypeIn(type, {qbItemSalesTax, qbItemSubtotal, qbItemSalesTaxGroup})) rate();
     WriteRef(b, classRef_, "ClassRef", isRet);
     if (type != qbItemSubtotal) b.CreateElement("Amount", AmountToText(amount_));
   }

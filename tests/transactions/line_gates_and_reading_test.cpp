@@ -102,12 +102,6 @@ TEST_F(LineItemsTest, TheMarkupKindHasNoMessageOfItsOwn) {
   EXPECT_EQ(e->Description(), "-2147219481");
 }
 
-TEST_F(LineItemsTest, IsManuallyClosedTakesAnyNonZeroAsTrue) {
-  auto line = Lines(qoObjectTypeSalesOrder)->Add("Hinge");
-  line->SetIsManuallyClosed(Currency(7));
-  EXPECT_EQ(line->IsManuallyClosed(), Currency(1));
-}
-
 // ---- Versions --------------------------------------------------------------------------------
 
 // A stored invoice line read from an answer, at `version`.

@@ -137,10 +137,44 @@ TEST_F(LineItemsTest, InvoiceLinesOfEveryKindMakeAValidAddAndMod) {
   lines->Add("Kit");
   lines->Add("Deposit");
   lines->Add("State");
+  lines->Add("", Currency(), "Thank you");
   lines->Total();
   EXPECT_TRUE(IsValidQbxml(InvoiceRequest(Written(*lines, false, false), false)));
   EXPECT_TRUE(IsValidQbxml(InvoiceRequest(Written(*lines, false, true), true)));
 }
+
+struct RequestCase {
+  const char* name;
+  qoEnumListObjectType owner;
+  const char* request;  // the request's name without "AddRq"
+  const char* head;     // what the request needs before its lines
+};
+class LineRequestTest : public LineItemsTest, public ::testing::WithParamInterface<RequestCase> {};
+
+TEST_P(LineRequestTest, TheLinesOfEachDocumentMakeAValidAdd) {
+  auto lines = Lines(GetParam().owner);
+  lines->Add("Hinge", Currency(3), "", "", "", 0);
+  lines->Add("Labor");
+  lines->Add("Kit");
+  lines->Add("", Currency(), "Note");
+  const std::string rq = GetParam().request;
+  const std::string text = "<?xml version=\"1.0\" ?><?qbxml version=\"12.0\"?><QBXML><QBXMLMsgsRq onError=\"stopOnError\">"
+                           "<" + rq + "AddRq requestID=\"1\"><" + rq + "Add>" + GetParam().head +
+                           Written(*lines, false, false) + "</" + rq + "Add></" + rq + "AddRq></QBXMLMsgsRq></QBXML>";
+  EXPECT_TRUE(IsValidQbxml(text)) << text;
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Owners, LineRequestTest,
+    ::testing::Values(
+        RequestCase{"Estimate", qoObjectTypeEstimate, "Estimate", "<CustomerRef><FullName>Acme</FullName></CustomerRef>"},
+        RequestCase{"SalesOrder", qoObjectTypeSalesOrder, "SalesOrder",
+                    "<CustomerRef><FullName>Acme</FullName></CustomerRef>"},
+        RequestCase{"SalesReceipt", qoObjectTypeSalesReceipt, "SalesReceipt", ""},
+        RequestCase{"PurchaseOrder", qoObjectTypePurchaseOrder, "PurchaseOrder", ""},
+        RequestCase{"Bill", qoObjectTypeBill, "Bill", "<VendorRef><FullName>Supply Co</FullName></VendorRef>"},
+        RequestCase{"Check", qoObjectTypeCheck, "Check", "<AccountRef><FullName>Bank</FullName></AccountRef>"}),
+    [](const auto& info) { return std::string(info.param.name); });
 
 }  // namespace
 }  // namespace tessaron

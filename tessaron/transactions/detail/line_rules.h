@@ -23,6 +23,12 @@ inline bool OneOf(int32_t value, std::initializer_list<int32_t> set) {
   return false;
 }
 
+inline bool TypeIn(qbEnumItemType type, std::initializer_list<qbEnumItemType> set) {
+  for (qbEnumItemType t : set)
+    if (t == type) return true;
+  return false;
+}
+
 // Documents whose lines buy: the vendor side. PurchaseOrder belongs here for pricing,
 // though it writes a dialect of its own.
 inline bool IsPayablesType(int32_t t) {
@@ -44,6 +50,10 @@ bool StoredLinesChangeable();
 // The rule of a change: New stays New; anything else turns Dirty, and with `checkAllowed`
 // only above qbXML 2.0 (at 2.0 and below 0x800403EA "Field cannot be modified", `source`).
 void MarkLineModified(qoEnumObjectState& state, bool checkAllowed, const char* source);
+
+// Raises a failure of a line's setter: the number with its fixed text, source
+// "Tessaron:txnItemLine".
+[[noreturn]] void FailLine(uint32_t number);
 
 // A fresh reference into `list` holding `name`.
 std::shared_ptr<qcListObjectRef> NewRef(qoEnumListType list, const std::string& name = "");
