@@ -203,6 +203,32 @@ TEST_P(InvoicesEndToEnd, FailingInvoiceInABatchLeavesTheOthersCommitted) {
   EXPECT_EQ(invoices->Item(Variant(first->TxnId())), first);
 }
 
+TEST_P(InvoicesEndToEnd, AutomaticNumbersComeFromASecondSessionAndTheRestFollowsAsAModify) {
+  invoices->SetAutoGenerateInvoiceNumbers(true);
+  ASSERT_TRUE(invoices->AutoGenerateInvoiceNumbers());
+  auto inv = Simple(customer, "");
+  inv->SetMemo("numbered");
+  if (!IsUS()) {
+    // The older add is written as plain qbXML 2.1, which a national edition refuses: the
+    // commit raises, and the session's processor and version are back in place.
+    const std::string version = State().QBXMLVersionText;
+    EXPECT_THROW(invoices->Commit(inv), Error);
+    EXPECT_EQ(State().QBXMLVersionText, version);
+    EXPECT_EQ(inv->ObjectState(), qoObjectStateNew);
+    return;
+  }
+  ASSERT_EQ(invoices->Commit(inv), 0);
+  EXPECT_FALSE(inv->RefNumber().empty());
+  EXPECT_EQ(inv->Memo(), "numbered");
+  EXPECT_EQ(inv->ObjectState(), qoObjectStateClean);
+  const auto sent = TakeRequests();
+  ASSERT_GE(sent.size(), 2u);
+  EXPECT_NE(sent[sent.size() - 2].find("<InvoiceAddRq"), std::string::npos);
+  EXPECT_NE(sent.back().find("<InvoiceModRq"), std::string::npos);
+  EXPECT_EQ(State().SessionTicket.empty(), false);
+  EXPECT_NE(State().SessionTicket, State().SecondaryTicket);
+}
+
 TESSARON_ALL_EDITIONS(InvoicesEndToEnd);
 
 }  // namespace
