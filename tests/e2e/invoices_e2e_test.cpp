@@ -14,6 +14,7 @@
 #include "tessaron/transactions/txn_item_line.h"
 #include "tessaron/transactions/txn_item_lines.h"
 #include "tests/e2e/e2e_session.h"
+#include "tests/support/raised.h"
 
 namespace tessaron {
 namespace {
@@ -107,6 +108,18 @@ TEST_P(InvoicesEndToEnd, HeaderSalesTaxAgreesForTaxableItems) {
   ASSERT_EQ(invoices->Commit(inv), 0);
   EXPECT_EQ(inv->SalesTaxTotal(), tax);
   EXPECT_EQ(inv->SalesTaxPercentage(), Currency::Parse("6.25"));
+}
+
+TEST_P(InvoicesEndToEnd, ATaxItemIsChargedOnceInTheHeaderOrInTheLines) {
+  if (!IsUS()) GTEST_SKIP() << "sales tax items are a United States matter";
+  auto inv = invoices->Add(customer, "E2E-X");
+  inv->SetSalesTaxItem("Combined Tax");
+  inv->ItemLines()->Add("Oak Panel", Currency(1));
+  EXPECT_EQ(testing::NumberRaised([&] { inv->ItemLines()->Add("City Tax"); }), err::kTaxItemInHeader);
+  inv->SetSalesTaxItem("");
+  inv->ItemLines()->Add("State Tax");
+  EXPECT_EQ(testing::NumberRaised([&] { inv->SetSalesTaxItem("Combined Tax"); }), err::kTaxItemInLines);
+  EXPECT_EQ(inv->SalesTaxItem(), "");
 }
 
 TEST_P(InvoicesEndToEnd, ModifiedLineByLine) {

@@ -3,6 +3,9 @@
 // and automatic numbering.
 #include <gtest/gtest.h>
 
+#include <fstream>
+#include <iterator>
+
 #include "tessaron/connection/library_state.h"
 #include "tessaron/foundation/error_numbers.h"
 #include "tessaron/foundation/qc_error.h"
@@ -382,6 +385,29 @@ TEST(InvoiceQueries, RefusedVoidRaisesAndKeepsTheMember) {
   qb.Answer(ScriptedProcessor::Response("TxnVoidRs", "", 3170, "It cannot be voided."));
   EXPECT_EQ(NumberRaised([&] { qb.invoices()->Void("1A-1"); }), err::kBuilderStatus);
   EXPECT_EQ(qb.invoices()->Count(), 1);
+}
+
+// ---- The saved form -------------------------------------------------------------------------
+
+TEST(InvoiceSavedForm, SaveAsqBillWritesTheCustomerTheCompanyAndTheInvoiceWithItsLines) {
+  InvoiceSession qb;
+  auto inv = ReadOne(qb, InvoiceSession::LineRet("L-1", "Labor", "30.00"));
+  inv->SetUserData(Variant(std::string("mine")));
+  testing::TempDir dir;
+  const std::string path = dir.File("bill.xml");
+  EXPECT_EQ(inv->SaveAsqBill(path), 0);
+  std::ifstream in(path);
+  const std::string text((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
+  const size_t customer = text.find("<CustomerRet>"), vendor = text.find("<VendorRet>"),
+               invoice = text.find("<InvoiceRet><TxnID>1A-1</TxnID>");
+  ASSERT_NE(customer, std::string::npos) << text;
+  ASSERT_NE(vendor, std::string::npos) << text;
+  ASSERT_NE(invoice, std::string::npos) << text;
+  EXPECT_LT(customer, vendor);
+  EXPECT_LT(vendor, invoice);
+  EXPECT_NE(text.find("<TxnNumber>7</TxnNumber><CustomerRef>"), std::string::npos) << text;
+  EXPECT_NE(text.find("<InvoiceLineRet><TxnLineID>L-1</TxnLineID>"), std::string::npos) << text;
+  EXPECT_NE(text.find("</InvoiceLineRet><UserData>mine</UserData></InvoiceRet>"), std::string::npos) << text;
 }
 
 // ---- Automatic numbering --------------------------------------------------------------------
