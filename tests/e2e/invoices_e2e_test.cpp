@@ -122,6 +122,17 @@ TEST_P(InvoicesEndToEnd, ATaxItemIsChargedOnceInTheHeaderOrInTheLines) {
   EXPECT_EQ(inv->SalesTaxItem(), "");
 }
 
+TEST_P(InvoicesEndToEnd, MoreStockThanOnHandRaisesNoQuantityWithTheItem) {
+  auto inv = invoices->Add(customer, "E2E-N");
+  std::vector<std::string> short_;
+  inv->OnNoQuantity([&](const std::shared_ptr<qcListObject>& item) { short_.push_back(item->Name()); });
+  inv->ItemLines()->Add("Oak Panel", Currency(1));
+  EXPECT_TRUE(short_.empty());
+  inv->ItemLines()->Add("Walnut Panel", Currency(100000));
+  ASSERT_EQ(short_.size(), 1u);
+  EXPECT_EQ(short_[0], "Walnut Panel");
+}
+
 TEST_P(InvoicesEndToEnd, ModifiedLineByLine) {
   auto inv = Simple(customer, "E2E-2");
   inv->ItemLines()->Add("Design", Currency(1));
