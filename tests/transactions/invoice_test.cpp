@@ -10,6 +10,8 @@
 #include "tessaron/foundation/error_numbers.h"
 #include "tessaron/foundation/qc_error.h"
 #include "tessaron/lists/address.h"
+#include "tessaron/messaging/xml_bldr.h"
+#include "tessaron/transactions/txn_linked_transactions.h"
 #include "tessaron/transactions/detail/txn_access.h"
 #include "tessaron/transactions/invoices.h"
 #include "tessaron/transactions/txn_item_line.h"
@@ -368,6 +370,28 @@ TEST(InvoiceQueries, UnknownElementsAreSkippedAndKnownFieldsKept) {
   EXPECT_EQ(inv->RefNumber(), "1001");
   EXPECT_EQ(inv->Subtotal(), Currency(30));
   EXPECT_EQ(inv->DueDate(), DateSerial(2024, 5, 31));
+}
+
+TEST(InvoiceQueries, LinkedDocumentsAreReadAndSavedAgain) {
+  InvoiceSession qb;
+  const std::string link =
+      "<LinkedTxn><TxnID>P-9</TxnID><TxnType>ReceivePayment</TxnType><TxnDate>2024-05-20</TxnDate>"
+      "<RefNumber>552</RefNumber><LinkType>AMTTYPE</LinkType><Amount>-10.00</Amount></LinkedTxn>";
+  auto inv = ReadOne(qb, link + InvoiceSession::LineRet("L-1", "Labor", "30.00"));
+  auto links = inv->LinkedTxns();
+  ASSERT_EQ(links->Count(), 1);
+  EXPECT_EQ(links->Item(1)->TxnType(), "ReceivePayment");
+  EXPECT_EQ(links->Item(1)->Amount(), Currency(-10));
+  EXPECT_EQ(links->Item(1)->TxnDate(), DateSerial(2024, 5, 20));
+  xmlBldr b;
+  b.IOClear();
+  b.InsertQueryRs(*inv, 1);
+  const std::string saved = b.GetXML().ToString();
+  EXPECT_NE(saved.find(link + "<InvoiceLineRet>"), std::string::npos) << saved;
+  // Reading again starts the links afresh.
+  qb.Answer(ScriptedProcessor::Response("InvoiceQueryRs", InvoiceSession::InvoiceRet("1A-1")));
+  qb.invoices()->GetMe(*inv);
+  EXPECT_EQ(inv->LinkedTxns()->Count(), 0);
 }
 
 TEST(InvoiceQueries, DeleteSendsTheTypeAndDropsTheMember) {
