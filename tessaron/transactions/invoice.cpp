@@ -268,17 +268,25 @@ namespace {
 
 bool IsTaxItemType(qbEnumItemType type) { return type == qbItemSalesTax || type == qbItemSalesTaxGroup; }
 
+// Tax items know their members by ListID; lines name them. Both are asked.
+bool Contains(qcItemTax& tax, const std::string& itemName) {
+  if (itemName.empty()) return false;
+  if (tax.ContainsTax(itemName)) return true;
+  auto item = Target<qcListObject>(NamedRef(qoListItems, itemName));
+  return item && tax.ContainsTax(item->ListID());
+}
+
 // Raises 0x800407E1 when `tax` contains the tax item of a line (or of a group's member).
 void CheckLinesAgainst(qcItemTax& tax, const txnItemLines& lines) {
   for (const auto& line : lines) {
     auto item = line->ItemObject();
     if (!item) continue;
-    if (IsTaxItemType(item->ItemType()) && tax.ContainsTax(line->Item()))
+    if (IsTaxItemType(item->ItemType()) && Contains(tax, line->Item()))
       throw Error(err::kTaxItemInLines, kSource, err::kTaxItemInLinesText);
     if (item->ItemType() != qbItemGroup || !line->GroupLines()) continue;
     for (const auto& member : *line->GroupLines()) {
       auto memberItem = member->ItemObject();
-      if (memberItem && IsTaxItemType(memberItem->ItemType()) && tax.ContainsTax(member->Item()))
+      if (memberItem && IsTaxItemType(memberItem->ItemType()) && Contains(tax, member->Item()))
         throw Error(err::kTaxItemInLines, kSource, err::kTaxItemInLinesText);
     }
   }
@@ -334,7 +342,7 @@ void Invoice::UpdateDueDates() {
 
 void Invoice::CheckHeaderTaxItem(std::string& name) {
   auto tax = Target<qcItemTax>(salesTaxItemRef_);
-  if (!tax || !tax->ContainsTax(name)) return;
+  if (!tax || !Contains(*tax, name)) return;
   name.clear();
   throw Error(err::kTaxItemInHeader, kSource, err::kTaxItemInHeaderText);
 }

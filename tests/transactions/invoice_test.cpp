@@ -3,10 +3,15 @@
 // and automatic numbering.
 #include <gtest/gtest.h>
 
+#include <fstream>
+#include <iterator>
+
 #include "tessaron/connection/library_state.h"
 #include "tessaron/foundation/error_numbers.h"
 #include "tessaron/foundation/qc_error.h"
 #include "tessaron/lists/address.h"
+#include "tessaron/messaging/xml_bldr.h"
+#include "tessaron/transactions/txn_linked_transactions.h"
 #include "tessaron/transactions/detail/txn_access.h"
 #include "tessaron/transactions/invoices.h"
 #include "tessaron/transactions/txn_item_line.h"
@@ -367,6 +372,28 @@ TEST(InvoiceQueries, UnknownElementsAreSkippedAndKnownFieldsKept) {
   EXPECT_EQ(inv->DueDate(), DateSerial(2024, 5, 31));
 }
 
+TEST(InvoiceQueries, LinkedDocumentsAreReadAndSavedAgain) {
+  InvoiceSession qb;
+  const std::string link =
+      "<LinkedTxn><TxnID>P-9</TxnID><TxnType>ReceivePayment</TxnType><TxnDate>2024-05-20</TxnDate>"
+      "<RefNumber>552</RefNumber><LinkType>AMTTYPE</LinkType><Amount>-10.00</Amount></LinkedTxn>";
+  auto inv = ReadOne(qb, link + InvoiceSession::LineRet("L-1", "Labor", "30.00"));
+  auto links = inv->LinkedTxns();
+  ASSERT_EQ(links->Count(), 1);
+  EXPECT_EQ(links->Item(1)->TxnType(), "ReceivePayment");
+  EXPECT_EQ(links->Item(1)->Amount(), Currency(-10));
+  EXPECT_EQ(links->Item(1)->TxnDate(), DateSerial(2024, 5, 20));
+  xmlBldr b;
+  b.IOClear();
+  b.InsertQueryRs(*inv, 1);
+  const std::string saved = b.GetXML().ToString();
+  EXPECT_NE(saved.find(link + "<InvoiceLineRet>"), std::string::npos) << saved;
+  // Reading again starts the links afresh.
+  qb.Answer(ScriptedProcessor::Response("InvoiceQueryRs", InvoiceSession::InvoiceRet("1A-1")));
+  qb.invoices()->GetMe(*inv);
+  EXPECT_EQ(inv->LinkedTxns()->Count(), 0);
+}
+
 TEST(InvoiceQueries, DeleteSendsTheTypeAndDropsTheMember) {
   InvoiceSession qb;
   ReadOne(qb);
@@ -382,6 +409,29 @@ TEST(InvoiceQueries, RefusedVoidRaisesAndKeepsTheMember) {
   qb.Answer(ScriptedProcessor::Response("TxnVoidRs", "", 3170, "It cannot be voided."));
   EXPECT_EQ(NumberRaised([&] { qb.invoices()->Void("1A-1"); }), err::kBuilderStatus);
   EXPECT_EQ(qb.invoices()->Count(), 1);
+}
+
+// ---- The saved form -------------------------------------------------------------------------
+
+TEST(InvoiceSavedForm, SaveAsqBillWritesTheCustomerTheCompanyAndTheInvoiceWithItsLines) {
+  InvoiceSession qb;
+  auto inv = ReadOne(qb, InvoiceSession::LineRet("L-1", "Labor", "30.00"));
+  inv->SetUserData(Variant(std::string("mine")));
+  testing::TempDir dir;
+  const std::string path = dir.File("bill.xml");
+  EXPECT_EQ(inv->SaveAsqBill(path), 0);
+  std::ifstream in(path);
+  const std::string text((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
+  const size_t customer = text.find("<CustomerRet>"), vendor = text.find("<VendorRet>"),
+               invoice = text.find("<InvoiceRet><TxnID>1A-1</TxnID>");
+  ASSERT_NE(customer, std::string::npos) << text;
+  ASSERT_NE(vendor, std::string::npos) << text;
+  ASSERT_NE(invoice, std::string::npos) << text;
+  EXPECT_LT(customer, vendor);
+  EXPECT_LT(vendor, invoice);
+  EXPECT_NE(text.find("<TxnNumber>7</TxnNumber><CustomerRef>"), std::string::npos) << text;
+  EXPECT_NE(text.find("<InvoiceLineRet><TxnLineID>L-1</TxnLineID>"), std::string::npos) << text;
+  EXPECT_NE(text.find("</InvoiceLineRet><UserData>mine</UserData></InvoiceRet>"), std::string::npos) << text;
 }
 
 // ---- Automatic numbering --------------------------------------------------------------------
