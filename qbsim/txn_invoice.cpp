@@ -175,7 +175,10 @@ std::string DueDate(Lookup& lists, const std::string& termsId, const std::string
 struct Running {
   int64_t sinceSubtotal = 0;  // what the next subtotal line sums
   int64_t above = 0;          // the amount of the line above, for percentages
-  int64_t taxable = 0;        // taxable amounts so far, for a sales tax line
+  int64_t taxable = 0;        // taxable amounts so far
+  // A sales tax line taxes the line above it, or the taxable lines of a subtotal above it.
+  int64_t aboveTaxable = 0;
+  int64_t taxableSinceSubtotal = 0;
 };
 
 bool TaxableCode(Lookup& lists, const std::string& codeId) {
@@ -211,6 +214,8 @@ Status WorkLine(RequestContext& ctx, Lookup& lists, TxnLine& line, Running& run,
     line.amount = run.sinceSubtotal;
     run.sinceSubtotal = 0;
     run.above = line.amount;
+    run.aboveTaxable = run.taxableSinceSubtotal;
+    run.taxableSinceSubtotal = 0;
     f.Erase("Quantity");
     f.Erase("Rate");
     f.Erase("RatePercent");
@@ -244,7 +249,7 @@ Status WorkLine(RequestContext& ctx, Lookup& lists, TxnLine& line, Running& run,
     f.Set("RatePercent", DecimalText(rate));
     f.Erase("Rate");
     f.Erase("Quantity");
-    line.amount = PercentCents(run.taxable, rate);
+    line.amount = PercentCents(run.aboveTaxable, rate);
     line.taxable = false;
   } else if (kind == "ItemPayment") {
     // A payment received on the form: it lowers what the customer owes.
@@ -273,7 +278,11 @@ Status WorkLine(RequestContext& ctx, Lookup& lists, TxnLine& line, Running& run,
   f.Set("Amount", CentsText(line.amount));
   run.sinceSubtotal += line.amount;
   run.above = line.amount;
-  if (line.taxable) run.taxable += line.amount;
+  run.aboveTaxable = line.taxable ? line.amount : 0;
+  if (line.taxable) {
+    run.taxable += line.amount;
+    run.taxableSinceSubtotal += line.amount;
+  }
   return status::Ok();
 }
 
@@ -367,6 +376,8 @@ Status CompleteInvoice(RequestContext& ctx, Lookup& lists, TxnDocument& doc, boo
     line.itemKind = "ItemGroup";
     line.amount = total;
     line.fields.Set("TotalAmount", CentsText(total));
+    run.aboveTaxable = inner.taxable - run.taxable;
+    run.taxableSinceSubtotal += run.aboveTaxable;
     run.taxable = inner.taxable;
     run.sinceSubtotal += total;
     run.above = total;

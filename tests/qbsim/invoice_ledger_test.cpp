@@ -194,6 +194,21 @@ INSTANTIATE_TEST_SUITE_P(
                        "</InvoiceLineAdd><InvoiceLineAdd><ItemRef><FullName>City Tax</FullName></ItemRef>"
                        "</InvoiceLineAdd>",
                        {"48.00", "0.72"}, "48.72", "3.00", "51.72"},
+        // A tax line taxes the line above it only: 1.5 % of 10.00; the header's 6.25 % of 58.00.
+        ArithmeticCase{"TaxLineTaxesTheLineAboveIt", "Test Taxable", "",
+                       "<InvoiceLineAdd><ItemRef><FullName>Hardware</FullName></ItemRef><Quantity>2</Quantity>"
+                       "</InvoiceLineAdd><InvoiceLineAdd><ItemRef><FullName>Hardware</FullName></ItemRef>"
+                       "<Rate>10</Rate></InvoiceLineAdd><InvoiceLineAdd><ItemRef><FullName>City Tax</FullName>"
+                       "</ItemRef></InvoiceLineAdd>",
+                       {"48.00", "10.00", "0.15"}, "58.15", "3.63", "61.78"},
+        // Below a subtotal it taxes the subtotal's taxable lines: 1.5 % of 48.00, not of 113.00.
+        ArithmeticCase{"TaxLineBelowASubtotalTaxesItsTaxableLines", "Test Taxable", "",
+                       "<InvoiceLineAdd><ItemRef><FullName>Hardware</FullName></ItemRef><Quantity>2</Quantity>"
+                       "</InvoiceLineAdd><InvoiceLineAdd><ItemRef><FullName>Labor</FullName></ItemRef>"
+                       "</InvoiceLineAdd><InvoiceLineAdd><ItemRef><FullName>Subtotal</FullName></ItemRef>"
+                       "</InvoiceLineAdd><InvoiceLineAdd><ItemRef><FullName>City Tax</FullName></ItemRef>"
+                       "</InvoiceLineAdd>",
+                       {"48.00", "65.00", "113.00", "0.72"}, "113.72", "3.00", "116.72"},
         // Install Kit: two hardware sets (taxable) and a delivery, twice over.
         ArithmeticCase{"GroupExpandsIntoItsMembers", "Test Taxable", "",
                        "<InvoiceLineGroupAdd><ItemGroupRef><FullName>Install Kit</FullName></ItemGroupRef>"
