@@ -9,6 +9,7 @@
 #include "tessaron/messaging/xml_bldr.h"
 #include "tessaron/platform/error.h"
 #include "tessaron/platform/host_services.h"
+#include "tessaron/reports/report_catalog.h"
 #include "tessaron/version.h"
 #include "tessaron/framework/detail/list_object_access.h"
 
