@@ -1,0 +1,311 @@
+// The report queries: every kind of report request answered with the report's title, the
+// period and basis it was asked for, its typed columns and its rows. The Trial Balance and
+// the aging summaries are summed from the ledger's postings; the other reports answer
+// their columns and no rows yet.
+#include <algorithm>
+#include <map>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "qbsim/company_records.h"
+#include "qbsim/date_range.h"
+#include "qbsim/field_map.h"
+#include "qbsim/ledger.h"
+#include "qbsim/list_store.h"
+#include "qbsim/request_context.h"
+#include "qbsim/request_table.h"
+#include "qbsim/txn_kind.h"
+#include "tessaron/platform/date.h"
+#include "tessaron/reports/report_catalog.h"
+
+namespace tessaron::qbsim {
+namespace {
+
+struct Column {
+  std::string title;
+  std::string colType;   // a report field ("Amount"), as ColType carries it
+  std::string dataType;  // "AMTTYPE", ...
+};
+
+// One row as it is answered: the kind of row, what it is about, and its cells by column.
+struct Row {
+  const char* kind;  // "TextRow", "DataRow", "SubtotalRow", "TotalRow"
+  std::string rowType, rowValue;
+  std::vector<std::string> cells;  // by column, "" = no cell
+};
+
+struct Answer {
+  std::string subtitle, basis;
+  int titleRows = 1;
+  std::vector<Column> columns;
+  std::vector<Row> rows;
+};
+
+// The period asked for, as "yyyy-mm-dd" bounds (empty: none).
+struct Period {
+  std::string from, to;
+};
+
+Period PeriodOf(RequestContext& ctx, const pugi::xml_node& rq) {
+  Period p;
+  if (pugi::xml_node period = rq.child("ReportPeriod")) {
+    p.from = period.child_value("FromReportDate");
+    p.to = period.child_value("ToReportDate");
+  } else if (pugi::xml_node macro = rq.child("ReportDateMacro")) {
+    std::string m(FieldMap::Decode(ctx.file.Meta(meta::kCompany)).Get("FirstMonthFiscalYear"));
+    int first = 1;
+    const char* months[] = {"January", "February", "March",     "April",   "May",      "June",
+                            "July",    "August",   "September", "October", "November", "December"};
+    for (int i = 0; i < 12; ++i)
+      if (m == months[i]) first = i + 1;
+    if (auto range = DateMacroRange(macro.child_value(), first)) {
+      p.from = range->first;
+      p.to = range->second;
+    }
+  }
+  return p;
+}
+
+std::string LongDate(const std::string& ymd) {
+  static const char* months[] = {"January", "February", "March",     "April",   "May",      "June",
+                                 "July",    "August",   "September", "October", "November", "December"};
+  const DateParts d = SplitDate(ParseDate(ymd));
+  return std::string(months[d.month - 1]) + " " + std::to_string(d.day) + ", " + std::to_string(d.year);
+}
+
+std::string Subtitle(const Period& p, bool asOf) {
+  if (asOf) return "As of " + LongDate(p.to.empty() ? FormatDate(Today(), "yyyy-mm-dd") : p.to);
+  if (p.from.empty() && p.to.empty()) return "All Transactions";
+  if (p.from.empty()) return "Through " + LongDate(p.to);
+  if (p.to.empty()) return "From " + LongDate(p.from);
+  return LongDate(p.from) + " through " + LongDate(p.to);
+}
+
+const char* DataTypeOf(std::string_view colType) {
+  for (const char* t : {"Amount", "Debit", "Credit", "OpenBalance", "RunningBalance", "OriginalAmount", "PaidAmount",
+                        "Total", "UnitPrice", "CostPrice", "AverageCost", "ValueOnHand", "WageBase", "WageBaseTips",
+                        "AmountDifference", "ProgressAmount", "RetailValueOnHand", "CalculatedAmount"})
+    if (colType == t) return "AMTTYPE";
+  for (const char* t : {"Quantity", "QuantityOnHand", "QuantityOnOrder", "QuantityOnSalesOrder", "QuantityAvailable",
+                        "ReceivedQuantity", "SuggestedReorder", "ReorderPoint", "PhysicalCount", "SalesPerWeek"})
+    if (colType == t) return "QUANTYPE";
+  for (const char* t : {"Date", "DueDate", "DeliveryDate", "ShipDate", "BilledDate", "ReceiveDate",
+                        "EarliestReceiptDate", "PaidThroughDate"})
+    if (colType == t) return "DATETYPE";
+  if (colType == "TxnNumber") return "INTTYPE";
+  if (colType == "Percent" || colType == "PercentChange" || colType == "ProgressPercent" ||
+      colType == "PercentOfTotalValue" || colType == "PercentOfTotalRetail")
+    return "PERCENTTYPE";
+  if (colType == "Duration") return "TIMEINTERVALTYPE";
+  if (colType == "ClearedStatus" || colType == "TxnType" || colType == "PaidStatus" || colType == "BillingStatus")
+    return "ENUMTYPE";
+  return "STRTYPE";
+}
+
+Column Col(std::string title, std::string colType) {
+  const char* type = DataTypeOf(colType);
+  return {std::move(title), std::move(colType), type};
+}
+
+// The columns of a detail report: those asked for with IncludeColumn, or the usual ones.
+std::vector<Column> DetailColumns(const pugi::xml_node& rq) {
+  std::vector<Column> cols{{"", "Blank", "STRTYPE"}};
+  bool any = false;
+  for (pugi::xml_node c = rq.child("IncludeColumn"); c; c = c.next_sibling("IncludeColumn")) {
+    cols.push_back(Col(c.child_value(), c.child_value()));
+    any = true;
+  }
+  if (!any)
+    for (const char* t : {"TxnType", "Date", "RefNumber", "Name", "Memo", "Account", "Amount"}) cols.push_back(Col(t, t));
+  return cols;
+}
+
+std::vector<std::string> AccountsOf(RequestContext& ctx, const char* type) { return AccountsOfType(ctx, type); }
+
+std::string InClause(const std::vector<std::string>& ids) {
+  std::string s;
+  for (size_t i = 0; i < ids.size(); ++i) s += (i ? ",'" : "'") + ids[i] + "'";
+  return s;
+}
+
+// Trial Balance: every account with a balance at the end of the period, on its debit or
+// credit side, and the two totals, which are equal in a sound ledger.
+void TrialBalance(RequestContext& ctx, const Period& p, Answer& a) {
+  const std::string end = p.to.empty() ? FormatDate(Today(), "yyyy-mm-dd") : p.to;
+  a.titleRows = 2;
+  a.columns = {{"", "Label", "STRTYPE"}, {LongDate(end) + " Debit", "Debit", "AMTTYPE"},
+               {"Credit", "Credit", "AMTTYPE"}};
+  std::map<std::string, int64_t, std::less<>> sums;
+  SqlStatement st = ctx.file.Db().Prepare(
+      "SELECT account_id, sum(amount) FROM posting WHERE txn_date <= ? GROUP BY account_id");
+  st.Bind(1, end);
+  while (st.Step()) sums[std::string(st.Text(0))] = st.Int(1);
+  int64_t debits = 0, credits = 0;
+  ListSelection accounts;
+  accounts.kinds = {"Account"};
+  ctx.store.Select(accounts, [&](const RecordRow& r) {
+    auto it = sums.find(r.listId);
+    if (it == sums.end() || it->second == 0) return true;
+    const int64_t sum = it->second;
+    Row row{"DataRow", "account", std::string(r.fullName), {std::string(r.fullName), "", ""}};
+    if (sum > 0) {
+      row.cells[1] = CentsText(sum);
+      debits += sum;
+    } else {
+      row.cells[2] = CentsText(-sum);
+      credits -= sum;
+    }
+    a.rows.push_back(std::move(row));
+    return true;
+  });
+  a.rows.push_back({"TotalRow", "", "", {"TOTAL", CentsText(debits), CentsText(credits)}});
+}
+
+// Aging summary: what each customer (or vendor) still owes at the end of the period, by
+// how many days past its due date each open document is.
+void AgingSummary(RequestContext& ctx, const Period& p, bool payables, Answer& a) {
+  const std::string end = p.to.empty() ? FormatDate(Today(), "yyyy-mm-dd") : p.to;
+  const Date asOf = ParseDate(end);
+  a.columns = {{"", "Label", "STRTYPE"},      {"Current", "Amount", "AMTTYPE"}, {"1 - 30", "Amount", "AMTTYPE"},
+               {"31 - 60", "Amount", "AMTTYPE"}, {"61 - 90", "Amount", "AMTTYPE"}, {"> 90", "Amount", "AMTTYPE"},
+               {"TOTAL", "Total", "AMTTYPE"}};
+  const std::vector<std::string> accounts = AccountsOf(ctx, payables ? "AccountsPayable" : "AccountsReceivable");
+  std::map<std::string, std::vector<int64_t>> byEntity;  // name key -> 5 buckets + total
+  std::map<std::string, std::string> names;
+  if (!accounts.empty()) {
+    SqlStatement st = ctx.file.Db().Prepare(
+        "SELECT open_txn_id, sum(amount), max(CASE WHEN txn_id = open_txn_id THEN entity_id ELSE '' END), "
+        "max(CASE WHEN txn_id = open_txn_id THEN txn_date ELSE '' END) FROM posting WHERE account_id IN (" +
+        InClause(accounts) + ") AND open_txn_id <> '' AND txn_date <= ? GROUP BY open_txn_id HAVING sum(amount) <> 0");
+    st.Bind(1, end);
+    LedgerStore ledger(ctx.file);
+    while (st.Step()) {
+      const std::string docId(st.Text(0)), entityId(st.Text(2)), docDate(st.Text(3));
+      const int64_t open = payables ? -st.Int(1) : st.Int(1);
+      std::string due = docDate;
+      if (auto doc = ledger.ByTxnId(docId)) {
+        std::string_view d = FieldMap::Decode(doc->body).Get("DueDate");
+        if (!d.empty()) due = std::string(d);
+      }
+      const double late = due.empty() ? 0 : asOf - ParseDate(due);
+      const size_t bucket = late <= 0 ? 0 : late <= 30 ? 1 : late <= 60 ? 2 : late <= 90 ? 3 : 4;
+      const std::string& name = ctx.store.FullNameOf(entityId);
+      auto& sums = byEntity[NameKey(name)];
+      names[NameKey(name)] = name;
+      sums.resize(6);
+      sums[bucket] += open;
+      sums[5] += open;
+    }
+  }
+  std::vector<int64_t> totals(6);
+  for (const auto& [key, sums] : byEntity) {
+    Row row{"DataRow", payables ? "vendor" : "customer", names[key], {names[key]}};
+    for (size_t i = 0; i < 6; ++i) {
+      row.cells.push_back(CentsText(sums[i]));
+      totals[i] += sums[i];
+    }
+    a.rows.push_back(std::move(row));
+  }
+  Row total{"TotalRow", "", "", {"TOTAL"}};
+  for (int64_t t : totals) total.cells.push_back(CentsText(t));
+  a.rows.push_back(std::move(total));
+}
+
+void Write(XmlOut& out, const std::string& title, const Answer& a) {
+  out.Open("ReportRet");
+  out.Element("ReportTitle", title);
+  out.Element("ReportSubtitle", a.subtitle);
+  if (!a.basis.empty()) out.Element("ReportBasis", a.basis);
+  out.Element("NumRows", std::to_string(a.rows.size()));
+  out.Element("NumColumns", std::to_string(a.columns.size()));
+  out.Element("NumColTitleRows", std::to_string(a.titleRows));
+  int id = 0;
+  for (const Column& c : a.columns) {
+    out.OpenWithAttributes("ColDesc");
+    out.Attribute("colID", std::to_string(++id));
+    out.Attribute("dataType", c.dataType);
+    out.EndAttributes();
+    // Titles on the last title row; a column without one still has its (empty) title row.
+    for (int r = 1; r <= a.titleRows; ++r) {
+      out.OpenWithAttributes("ColTitle");
+      out.Attribute("titleRow", std::to_string(r));
+      if (r == a.titleRows && !c.title.empty()) out.Attribute("value", c.title);
+      out.Raw("/>");
+    }
+    out.Element("ColType", c.colType);
+    out.Close("ColDesc");
+  }
+  if (!a.rows.empty()) {
+    out.Open("ReportData");
+    int number = 0;
+    for (const Row& row : a.rows) {
+      out.OpenWithAttributes(row.kind);
+      out.Attribute("rowNumber", std::to_string(++number));
+      out.EndAttributes();
+      if (!row.rowType.empty()) {
+        out.OpenWithAttributes("RowData");
+        out.Attribute("rowType", row.rowType);
+        out.Attribute("value", row.rowValue);
+        out.Raw("/>");
+      }
+      for (size_t i = 0; i < row.cells.size(); ++i) {
+        if (row.cells[i].empty()) continue;
+        out.OpenWithAttributes("ColData");
+        out.Attribute("colID", std::to_string(i + 1));
+        out.Attribute("value", row.cells[i]);
+        out.Raw("/>");
+      }
+      out.Close(row.kind);
+    }
+    out.Close("ReportData");
+  }
+  out.Close("ReportRet");
+}
+
+Status ReportQuery(RequestContext& ctx, const pugi::xml_node& rq, XmlOut& out) {
+  const std::string_view name = rq.name();
+  const std::string prefix(name.substr(0, name.size() - std::string_view("ReportQueryRq").size()));
+  const std::string requested = rq.child_value((prefix + "ReportType").c_str());
+  const rptDescriptor* d = FindReportByRequestName(requested);
+  if (!d) return {status::kBadValue, "The report \"" + requested + "\" is not known."};
+  // QuickBooks shows the report on its own screen and answers nothing more.
+  if (std::string_view(rq.child_value("DisplayReport")) == "true") return {};
+
+  const Period period = PeriodOf(ctx, rq);
+  Answer a;
+  const auto type = d->ReportType();
+  if (type == ReportTypeGeneralSummary || type == ReportTypeGeneralDetail || type == ReportTypeCustomSummary ||
+      type == ReportTypeCustomDetail) {
+    const std::string basis = rq.child_value("ReportBasis");
+    a.basis = basis.empty() || basis == "None" ? "Accrual" : basis;
+  }
+  if (d->Code() == qbRptTrialBalance) {
+    TrialBalance(ctx, period, a);
+  } else if (d->Code() == qbRptARAgingSummary || d->Code() == qbRptAPAgingSummary) {
+    AgingSummary(ctx, period, d->Code() == qbRptAPAgingSummary, a);
+  } else if (d->HasTxns() || type == ReportTypePayrollDetail || type == ReportTypeCustomDetail) {
+    a.columns = DetailColumns(rq);
+  } else if (type == ReportTypeTime) {
+    a.columns = {{"", "Label", "STRTYPE"}, {"Hours", "Duration", "TIMEINTERVALTYPE"}};
+  } else {
+    a.columns = {{"", "Label", "STRTYPE"}, {"TOTAL", "Amount", "AMTTYPE"}};
+  }
+  const bool asOf = d->Code() == qbRptTrialBalance || type == ReportTypeAging ||
+                    d->ReportGroup() == qbRptGrpInventory || d->Description().find("Balance Sheet") == 0;
+  a.subtitle = d->NoDateAllowed() ? "" : Subtitle(period, asOf);
+  Write(out, d->Description(), a);
+  return {};
+}
+
+}  // namespace
+
+void RegisterReportRequests(RequestTable& table) {
+  for (const char* prefix : {"GeneralSummary", "GeneralDetail", "Aging", "CustomSummary", "CustomDetail", "Job",
+                             "Time", "PayrollSummary", "PayrollDetail"})
+    table.Add(std::string(prefix) + "ReportQueryRq", {ReportQuery, nullptr, 20});
+  // Budget reports came with qbXML 2.1.
+  table.Add("BudgetSummaryReportQueryRq", {ReportQuery, nullptr, 21});
+}
+
+}  // namespace tessaron::qbsim
