@@ -22,6 +22,9 @@
 namespace tessaron::qbsim {
 namespace {
 
+// A report option the report does not take.
+constexpr int kReportOptionRefused = 3151;
+
 struct Column {
   std::string title;
   std::string colType;   // a report field ("Amount"), as ColType carries it
@@ -47,22 +50,38 @@ struct Period {
   std::string from, to;
 };
 
+int FirstFiscalMonth(RequestContext& ctx) {
+  static const char* months[] = {"January", "February", "March",     "April",   "May",      "June",
+                                 "July",    "August",   "September", "October", "November", "December"};
+  const std::string m(FieldMap::Decode(ctx.file.Meta(meta::kCompany)).Get("FirstMonthFiscalYear"));
+  for (int i = 0; i < 12; ++i)
+    if (m == months[i]) return i + 1;
+  return 1;
+}
+
+// Report macros name quarters and years of the fiscal calendar ("ThisYear" is the fiscal
+// year), where transaction queries say so ("ThisFiscalYear").
+std::string FiscalMacroName(std::string macro) {
+  if (macro.find("Quarter") == std::string::npos && macro.find("Year") == std::string::npos) return macro;
+  for (const char* when : {"This", "Last", "Next"})
+    if (macro.rfind(when, 0) == 0) return std::string(when) + "Fiscal" + macro.substr(4);
+  return macro;
+}
+
+// The period asked for. Without dates and without a macro a report covers the fiscal year
+// to date.
 Period PeriodOf(RequestContext& ctx, const pugi::xml_node& rq) {
   Period p;
   if (pugi::xml_node period = rq.child("ReportPeriod")) {
     p.from = period.child_value("FromReportDate");
     p.to = period.child_value("ToReportDate");
-  } else if (pugi::xml_node macro = rq.child("ReportDateMacro")) {
-    std::string m(FieldMap::Decode(ctx.file.Meta(meta::kCompany)).Get("FirstMonthFiscalYear"));
-    int first = 1;
-    const char* months[] = {"January", "February", "March",     "April",   "May",      "June",
-                            "July",    "August",   "September", "October", "November", "December"};
-    for (int i = 0; i < 12; ++i)
-      if (m == months[i]) first = i + 1;
-    if (auto range = DateMacroRange(macro.child_value(), first)) {
-      p.from = range->first;
-      p.to = range->second;
-    }
+    return p;
+  }
+  pugi::xml_node macro = rq.child("ReportDateMacro");
+  const std::string name = macro ? FiscalMacroName(macro.child_value()) : "ThisFiscalYearToDate";
+  if (auto range = DateMacroRange(name, FirstFiscalMonth(ctx))) {
+    p.from = range->first;
+    p.to = range->second;
   }
   return p;
 }
@@ -265,6 +284,9 @@ void Write(XmlOut& out, const std::string& title, const Answer& a) {
 
 Status ReportQuery(RequestContext& ctx, const pugi::xml_node& rq, XmlOut& out) {
   const std::string_view name = rq.name();
+  // Job and time reports have no basis; the request is refused as a whole.
+  if ((name == "JobReportQueryRq" || name == "TimeReportQueryRq") && rq.child("ReportBasis"))
+    return {kReportOptionRefused, "ReportBasis is not a valid option for this report."};
   const std::string prefix(name.substr(0, name.size() - std::string_view("ReportQueryRq").size()));
   const std::string requested = rq.child_value((prefix + "ReportType").c_str());
   const rptDescriptor* d = FindReportByRequestName(requested);
@@ -304,8 +326,7 @@ void RegisterReportRequests(RequestTable& table) {
   for (const char* prefix : {"GeneralSummary", "GeneralDetail", "Aging", "CustomSummary", "CustomDetail", "Job",
                              "Time", "PayrollSummary", "PayrollDetail"})
     table.Add(std::string(prefix) + "ReportQueryRq", {ReportQuery, nullptr, 20});
-  // Budget reports came with qbXML 2.1.
-  table.Add("BudgetSummaryReportQueryRq", {ReportQuery, nullptr, 21});
+  table.Add("BudgetSummaryReportQueryRq", {ReportQuery, nullptr, 20});
 }
 
 }  // namespace tessaron::qbsim

@@ -12,7 +12,8 @@
 namespace tessaron {
 namespace {
 
-// Options that came with qbXML 3.0.
+// Options that came with qbXML 3.0: DisplayReport and the detail level and posting status
+// filters.
 const Currency kVersion3 = Currency(3);
 
 // Without a choice, custom reports are summarised by account.
@@ -143,7 +144,8 @@ std::string Report::SaveToXml() {
   xmlBldr b;
   b.OpenAggregateOnly(aggregate);
   b.CreateElement(prefix + "ReportType", d->RequestName());
-  if (displayReport_) b.CreateElement("DisplayReport", "true");
+  // Showing the report in QuickBooks came with qbXML 3.0; below it the data is answered.
+  if (displayReport_) b.CreateElement("DisplayReport", "true", kVersion3);
 
   if (d->ReportType() == ReportTypeBudget) {
     // Budgets are asked by fiscal year alone: no period, no filters beyond these.

@@ -102,13 +102,15 @@ struct GateCase {
 
 class ReportVersionGate : public ::testing::TestWithParam<GateCase> {};
 
-TEST_P(ReportVersionGate, DetailLevelAndPostingStatusFollowTheSessionVersion) {
+TEST_P(ReportVersionGate, DisplayDetailLevelAndPostingStatusFollowTheSessionVersion) {
   ScriptedSession qb(GetParam().version);
   Report r;
   r.SetBaseReport(qbRptGeneralLedger);
   r.SetDetailLevelFilter(qbRptDetailLevelSummaryOnly);
   r.SetPostingStatusFilter(qbRptPostingStatusPosting);
+  r.SetDisplayReport(true);
   const std::string text = r.SaveToXml();
+  EXPECT_EQ(Contains(text, "<DisplayReport>true</DisplayReport>"), GetParam().sent);
   EXPECT_EQ(Contains(text, "<ReportDetailLevelFilter>SummaryOnly</ReportDetailLevelFilter>"), GetParam().sent);
   EXPECT_EQ(Contains(text, "<ReportPostingStatusFilter>Posting</ReportPostingStatusFilter>"), GetParam().sent);
   r.Refresh();
