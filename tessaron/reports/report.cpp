@@ -1,5 +1,6 @@
 #include "tessaron/reports/report.h"
 
+#include <cstdlib>
 #include <string_view>
 
 #include "tessaron/foundation/enumerations.h"
@@ -238,7 +239,7 @@ int32_t Report::Refresh() {
       Indent();
       return 0;
     }
-    const int32_t code = static_cast<int32_t>(std::stol(codeText));
+    const int32_t code = static_cast<int32_t>(std::strtol(codeText.c_str(), nullptr, 10));
     const std::string message = Attribute(response, "statusMessage");
     // 3151: the report does not take an option. The option named in the message (or else
     // the basis) is dropped for good and the request asked once more.
@@ -283,7 +284,7 @@ void Report::FromDom(const XmlNode& obj) {
 Variant Report::LoadFromXml(const std::string& XMLString) {
   XmlDocument doc = XmlDocument::Create();
   doc.loadXML(XMLString);
-  filters_ = filters_ ? filters_ : std::make_shared<rptFilters>();
+  if (!filters_) filters_ = std::make_shared<rptFilters>();
   filters_->Clear();
   XmlNode root = doc.documentElement();
   if (root.IsNull()) return Variant();
@@ -296,6 +297,7 @@ Variant Report::LoadFromXml(const std::string& XMLString) {
 
 void Report::FromDomString(const XmlNode& obj) {
   if (!obj.hasChildNodes()) return;
+  if (!filters_) filters_ = std::make_shared<rptFilters>();
   columnHeaders_.Clear();
   for (const XmlNode& child : obj.childNodes()) {
     const std::string_view name = child.baseName();

@@ -38,6 +38,16 @@ qbEnumRptRowType RowTypeOf(std::string_view name) {
   return qbRptRowTypeText;
 }
 
+// Calls fn(name, value) for each attribute of an element, in document order.
+template <class Fn>
+void ForEachAttribute(const XmlNode& element, Fn fn) {
+  XmlAttributes attrs = element.attributes();
+  for (long i = 0; i < attrs.length(); ++i) {
+    XmlNode a = attrs.item(i);
+    fn(a.baseName(), a.text());
+  }
+}
+
 std::string Upper(std::string_view s) {
   std::string u(s);
   for (char& c : u) c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
@@ -139,23 +149,19 @@ void rptColumnHeader::SetTitleText(long index, const std::string& text) {
 }
 
 void rptColumnHeader::FromDom(const XmlNode& colDesc) {
-  XmlAttributes attrs = colDesc.attributes();
-  for (long i = 0; i < attrs.length(); ++i) {
-    XmlNode a = attrs.item(i);
-    if (a.baseName() == "colID") id_ = WholeNumber(a.text());
-    else if (a.baseName() == "dataType") dataType_ = VariantTypeOf(a.text());
-  }
+  ForEachAttribute(colDesc, [&](std::string_view name, const std::string& value) {
+    if (name == "colID") id_ = WholeNumber(value);
+    else if (name == "dataType") dataType_ = VariantTypeOf(value);
+  });
   for (const XmlNode& child : colDesc.childNodes()) {
     if (child.baseName() == "ColTitle") {
-      XmlAttributes ta = child.attributes();
-      std::string value;
-      for (long i = 0; i < ta.length(); ++i) {
-        XmlNode a = ta.item(i);
-        if (a.baseName() == "titleRow") titleRow_ = WholeNumber(a.text());
-        else if (a.baseName() == "value") title_ = value = a.text();
-      }
+      std::string title;
+      ForEachAttribute(child, [&](std::string_view name, const std::string& value) {
+        if (name == "titleRow") titleRow_ = WholeNumber(value);
+        else if (name == "value") title_ = title = value;
+      });
       // A title row without a value is a blank line of the heading.
-      titleLines_.push_back(value);
+      titleLines_.push_back(title);
     } else if (child.baseName() == "ColType") {
       const std::string type = child.text();
       if (type == "Unsupported") {
@@ -193,29 +199,23 @@ std::shared_ptr<rptColumn> rptColumns::Add() {
 
 void rptRow::FromDom(const XmlNode& row) {
   rowType_ = RowTypeOf(row.baseName());
-  XmlAttributes attrs = row.attributes();
-  for (long i = 0; i < attrs.length(); ++i) {
-    XmlNode a = attrs.item(i);
-    if (a.baseName() == "rowNumber") rowNumber_ = WholeNumber(a.text());
-    else if (a.baseName() == "value") text_ = a.text();
-  }
+  ForEachAttribute(row, [&](std::string_view name, const std::string& value) {
+    if (name == "rowNumber") rowNumber_ = WholeNumber(value);
+    else if (name == "value") text_ = value;
+  });
   for (const XmlNode& child : row.childNodes()) {
     if (child.baseName() == "ColData") {
       auto cell = columns_.Add();
-      XmlAttributes ca = child.attributes();
-      for (long i = 0; i < ca.length(); ++i) {
-        XmlNode a = ca.item(i);
-        if (a.baseName() == "colID") cell->SetID(WholeNumber(a.text()));
-        else if (a.baseName() == "value") cell->SetText(a.text());
-        else if (a.baseName() == "dataType") cell->SetDataType(a.text());
-      }
+      ForEachAttribute(child, [&](std::string_view name, const std::string& value) {
+        if (name == "colID") cell->SetID(WholeNumber(value));
+        else if (name == "value") cell->SetText(value);
+        else if (name == "dataType") cell->SetDataType(value);
+      });
     } else if (child.baseName() == "RowData") {
-      XmlAttributes ra = child.attributes();
-      for (long i = 0; i < ra.length(); ++i) {
-        XmlNode a = ra.item(i);
-        if (a.baseName() == "rowType") rowDataType_ = a.text();
-        else if (a.baseName() == "value") rowDataValue_ = a.text();
-      }
+      ForEachAttribute(child, [&](std::string_view name, const std::string& value) {
+        if (name == "rowType") rowDataType_ = value;
+        else if (name == "value") rowDataValue_ = value;
+      });
     }
   }
 }
