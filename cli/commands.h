@@ -18,8 +18,8 @@ void AddHostCommand(CLI::App& app, const GlobalOptions& global);
 void AddSendCommand(CLI::App& app, const GlobalOptions& global);
 void AddDemoCommand(CLI::App& app, const GlobalOptions& global);
 void AddListCommand(CLI::App& app, const GlobalOptions& global);
-// `report list`.
-void AddReportCommand(CLI::App& app);
+// `report list` and `report run`.
+void AddReportCommand(CLI::App& app, const GlobalOptions& global);
 // `company show`, under the `company` command.
 void AddCompanyShowCommand(CLI::App& company, const GlobalOptions& global);
 

@@ -1,7 +1,8 @@
 // The report queries: every kind of report request answered with the report's title, the
 // period and basis it was asked for, its typed columns and its rows. The Trial Balance and
-// the aging summaries are summed from the ledger's postings; the other reports answer
-// their columns and no rows yet.
+// the aging summaries are summed from the ledger's postings; most other reports answer
+// their columns and no rows yet. The Profit and Loss, the Balance Sheet and the customer
+// and vendor balance summaries are summed from the postings too.
 #include <algorithm>
 #include <map>
 #include <string>
@@ -181,6 +182,96 @@ void TrialBalance(RequestContext& ctx, const Period& p, Answer& a) {
   a.rows.push_back({"TotalRow", "", "", {"TOTAL", CentsText(debits), CentsText(credits)}});
 }
 
+// The sum of each account's postings dated within the bounds (empty: open), with the
+// account's full name and type, in chart order.
+struct AccountSum {
+  std::string fullName, type;
+  int64_t sum = 0;
+};
+
+std::vector<AccountSum> AccountSums(RequestContext& ctx, const std::string& from, const std::string& to) {
+  std::map<std::string, int64_t, std::less<>> sums;
+  SqlStatement st = ctx.file.Db().Prepare(
+      "SELECT account_id, sum(amount) FROM posting WHERE (?1 = '' OR txn_date >= ?1) AND (?2 = '' OR txn_date <= ?2) "
+      "GROUP BY account_id");
+  st.Bind(1, from);
+  st.Bind(2, to);
+  while (st.Step()) sums[std::string(st.Text(0))] = st.Int(1);
+  std::vector<AccountSum> out;
+  ListSelection accounts;
+  accounts.kinds = {"Account"};
+  ctx.store.Select(accounts, [&](const RecordRow& r) {
+    auto it = sums.find(r.listId);
+    if (it == sums.end() || it->second == 0) return true;
+    FieldView fields;
+    fields.Parse(r.body);
+    const std::string_view* type = fields.Find("AccountType");
+    out.push_back({std::string(r.fullName), type ? std::string(*type) : std::string(), it->second});
+    return true;
+  });
+  return out;
+}
+
+bool OneOf(std::string_view type, std::initializer_list<const char*> types) {
+  for (const char* t : types)
+    if (type == t) return true;
+  return false;
+}
+
+constexpr std::initializer_list<const char*> kAssetTypes = {"Bank", "AccountsReceivable", "OtherCurrentAsset",
+                                                           "FixedAsset", "OtherAsset"};
+constexpr std::initializer_list<const char*> kLiabilityTypes = {"AccountsPayable", "CreditCard",
+                                                               "OtherCurrentLiability", "LongTermLiability"};
+
+// A section of accounts: a heading, one row per account in its natural sign, a subtotal.
+// Returns the section's total.
+int64_t Section(Answer& a, const std::vector<AccountSum>& sums, std::initializer_list<const char*> types,
+                bool creditNatured, const std::string& heading, const std::string& totalLabel) {
+  int64_t total = 0;
+  bool any = false;
+  for (const AccountSum& s : sums) {
+    if (!OneOf(s.type, types)) continue;
+    if (!any) a.rows.push_back({"TextRow", "", heading, {}});
+    any = true;
+    const int64_t amount = creditNatured ? -s.sum : s.sum;
+    total += amount;
+    a.rows.push_back({"DataRow", "account", s.fullName, {s.fullName, CentsText(amount)}});
+  }
+  if (any) a.rows.push_back({"SubtotalRow", "", "", {totalLabel, CentsText(total)}});
+  return total;
+}
+
+// Profit and Loss: income less cost of sales and expenses over the period.
+void ProfitAndLoss(RequestContext& ctx, const Period& p, Answer& a) {
+  a.columns = {{"", "Label", "STRTYPE"}, {"TOTAL", "Amount", "AMTTYPE"}};
+  const auto sums = AccountSums(ctx, p.from, p.to);
+  const int64_t income = Section(a, sums, {"Income"}, true, "Income", "Total Income");
+  const int64_t cogs = Section(a, sums, {"CostOfGoodsSold"}, false, "Cost of Goods Sold", "Total COGS");
+  a.rows.push_back({"SubtotalRow", "", "", {"Gross Profit", CentsText(income - cogs)}});
+  const int64_t expense = Section(a, sums, {"Expense"}, false, "Expense", "Total Expense");
+  const int64_t otherIncome = Section(a, sums, {"OtherIncome"}, true, "Other Income", "Total Other Income");
+  const int64_t otherExpense = Section(a, sums, {"OtherExpense"}, false, "Other Expense", "Total Other Expense");
+  a.rows.push_back(
+      {"TotalRow", "", "", {"Net Income", CentsText(income - cogs - expense + otherIncome - otherExpense)}});
+}
+
+// Balance Sheet: assets against liabilities and equity at the end of the period; the
+// income and expenses of all time up to then stand in equity as net income.
+void BalanceSheet(RequestContext& ctx, const Period& p, Answer& a) {
+  const std::string end = p.to.empty() ? FormatDate(Today(), "yyyy-mm-dd") : p.to;
+  a.columns = {{"", "Label", "STRTYPE"}, {LongDate(end), "Amount", "AMTTYPE"}};
+  const auto sums = AccountSums(ctx, "", end);
+  Section(a, sums, kAssetTypes, false, "ASSETS", "TOTAL ASSETS");
+  const int64_t liabilities = Section(a, sums, kLiabilityTypes, true, "Liabilities", "Total Liabilities");
+  const int64_t equity = Section(a, sums, {"Equity"}, true, "Equity", "Total Equity");
+  int64_t netIncome = 0;
+  for (const AccountSum& s : sums)
+    if (OneOf(s.type, {"Income", "OtherIncome", "CostOfGoodsSold", "Expense", "OtherExpense"})) netIncome -= s.sum;
+  a.rows.push_back({"DataRow", "label", "Net Income", {"Net Income", CentsText(netIncome)}});
+  a.rows.push_back(
+      {"TotalRow", "", "", {"TOTAL LIABILITIES & EQUITY", CentsText(liabilities + equity + netIncome)}});
+}
+
 // Aging summary: what each customer (or vendor) still owes at the end of the period, by
 // how many days past its due date each open document is.
 void AgingSummary(RequestContext& ctx, const Period& p, bool payables, Answer& a) {
@@ -231,6 +322,13 @@ void AgingSummary(RequestContext& ctx, const Period& p, bool payables, Answer& a
   a.rows.push_back(std::move(total));
 }
 
+// Customer (or vendor) balance summary: the aging summary's totals alone.
+void BalanceSummary(RequestContext& ctx, const Period& p, bool payables, Answer& a) {
+  AgingSummary(ctx, p, payables, a);
+  a.columns = {a.columns.front(), {"TOTAL", "Amount", "AMTTYPE"}};
+  for (Row& row : a.rows) row.cells = {row.cells.front(), row.cells.back()};
+}
+
 void Write(XmlOut& out, const std::string& title, const Answer& a) {
   out.Open("ReportRet");
   out.Element("ReportTitle", title);
@@ -261,6 +359,12 @@ void Write(XmlOut& out, const std::string& title, const Answer& a) {
     for (const Row& row : a.rows) {
       out.OpenWithAttributes(row.kind);
       out.Attribute("rowNumber", std::to_string(++number));
+      // A heading carries its text itself; the other rows in their cells.
+      if (std::string_view(row.kind) == "TextRow") {
+        out.Attribute("value", row.rowValue);
+        out.Raw("/>");
+        continue;
+      }
       out.EndAttributes();
       if (!row.rowType.empty()) {
         out.OpenWithAttributes("RowData");
@@ -306,6 +410,12 @@ Status ReportQuery(RequestContext& ctx, const pugi::xml_node& rq, XmlOut& out) {
     TrialBalance(ctx, period, a);
   } else if (d->Code() == qbRptARAgingSummary || d->Code() == qbRptAPAgingSummary) {
     AgingSummary(ctx, period, d->Code() == qbRptAPAgingSummary, a);
+  } else if (d->Code() == qbRptCustomerBalanceSummary || d->Code() == qbRptVendorBalanceSummary) {
+    BalanceSummary(ctx, period, d->Code() == qbRptVendorBalanceSummary, a);
+  } else if (d->Code() == qbRptProfitAndLossStandard) {
+    ProfitAndLoss(ctx, period, a);
+  } else if (d->Code() == qbRptBalanceSheetStandard) {
+    BalanceSheet(ctx, period, a);
   } else if (d->HasTxns() || type == ReportTypePayrollDetail || type == ReportTypeCustomDetail) {
     a.columns = DetailColumns(rq);
   } else if (type == ReportTypeTime) {

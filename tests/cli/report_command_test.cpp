@@ -3,8 +3,11 @@
 
 #include <array>
 #include <cstdio>
+#include <sstream>
 #include <string>
 #include <sys/wait.h>
+
+#include "tests/support/qbxml_check.h"
 
 namespace {
 
@@ -42,6 +45,25 @@ TEST(ReportListCommand, OneGroupByNameWithOrWithoutBlanks) {
   EXPECT_NE(out.find("APAgingSummary"), std::string::npos);
   EXPECT_EQ(out.find("OpenPOs"), std::string::npos);  // a purchases report
   EXPECT_NE(RunTessaron("report list --group Nothing", code).find("No report group"), std::string::npos);
+  EXPECT_NE(code, 0);
+}
+
+TEST(ReportRunCommand, PrintsTheTrialBalanceWithEqualTotals) {
+  tessaron::testing::TempDir dir;
+  const std::string company = dir.File("books.qbw");
+  int code = 0;
+  ASSERT_EQ((RunTessaron("company create " + company + " --size 20", code), code), 0);
+  const std::string out = RunTessaron("report run \"Trial Balance\" --company " + company, code);
+  ASSERT_EQ(code, 0) << out;
+  EXPECT_EQ(out.rfind("Trial Balance\nAs of ", 0), 0u) << out;
+  const size_t total = out.find("\nTOTAL ");
+  ASSERT_NE(total, std::string::npos) << out;
+  std::istringstream line(out.substr(total + 7));
+  std::string debits, credits;
+  line >> debits >> credits;
+  EXPECT_EQ(debits, credits);
+  EXPECT_NE(RunTessaron("report run \"No Such Report\" --company " + company, code).find("No report named"),
+            std::string::npos);
   EXPECT_NE(code, 0);
 }
 

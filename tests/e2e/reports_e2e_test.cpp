@@ -88,6 +88,44 @@ TEST_P(ReportsEndToEnd, ReceivablesAgedAddUpToTheReceivablesAccount) {
   EXPECT_EQ(Amount(*total, 7), receivable);
 }
 
+// The amount of the first row whose first cell is `label`.
+Currency AmountOf(Report& r, const std::string& label, long column = 2) {
+  for (const auto& row : r.ReportRows())
+    if (row->Columns().Count() && row->Columns().Item(1)->Text() == label) return Amount(*row, column);
+  ADD_FAILURE() << "no row " << label;
+  return Currency(0);
+}
+
+TEST_P(ReportsEndToEnd, BalanceSheetBalancesAndCarriesTheNetIncomeOfAllTime) {
+  Report sheet;
+  sheet.SetBaseReport(qbRptBalanceSheetStandard);
+  ASSERT_EQ(sheet.Refresh(), 0);
+  const Currency assets = AmountOf(sheet, "TOTAL ASSETS");
+  EXPECT_GT(assets, Currency(0));
+  EXPECT_EQ(assets, AmountOf(sheet, "TOTAL LIABILITIES & EQUITY"));
+
+  Report profit;
+  profit.SetBaseReport(qbRptProfitAndLossStandard);
+  profit.SetDateMacro(qbRptDateMacroCustom);
+  profit.SetStartDate(DateSerial(1990, 1, 1));
+  profit.SetEndDate(Today());
+  ASSERT_EQ(profit.Refresh(), 0);
+  EXPECT_GT(AmountOf(profit, "Total Income"), Currency(0));
+  EXPECT_EQ(AmountOf(profit, "Net Income"), AmountOf(sheet, "Net Income"));
+}
+
+TEST_P(ReportsEndToEnd, CustomerBalancesAddUpToTheAgedReceivables) {
+  Report balances;
+  balances.SetBaseReport(qbRptCustomerBalanceSummary);
+  ASSERT_EQ(balances.Refresh(), 0);
+  Report aging;
+  aging.SetBaseReport(qbRptARAgingSummary);
+  ASSERT_EQ(aging.Refresh(), 0);
+  EXPECT_EQ(balances.ColumnHeaders().Count(), 2);
+  EXPECT_EQ(AmountOf(balances, "TOTAL"), AmountOf(aging, "TOTAL", 7));
+  EXPECT_EQ(balances.ReportRows().Count(), aging.ReportRows().Count());
+}
+
 TEST_P(ReportsEndToEnd, RowsAreIndentedAfterTheRead) {
   Report r;
   r.SetBaseReport(qbRptARAgingSummary);
