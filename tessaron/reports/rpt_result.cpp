@@ -88,7 +88,7 @@ class LabelStack {
   void Text(rptRow& row) {
     const std::string text = Upper(row.Text());
     for (int i = 0; i <= depth_; ++i) {
-      const std::string& label = labels_[i];
+      const std::string& label = Label(i);
       if (label.empty()) continue;
       if (StartsWith(text, label) || (label == "COGS" && StartsWith(text, "COST OF GOODS SOLD"))) {
         depth_ = i;
@@ -116,9 +116,7 @@ class LabelStack {
     std::string label = text;
     if (StartsWith(text, "TOTAL ")) label = text.substr(6);
     else if (StartsWith(text, "NET ")) label = text.substr(4);
-    // Thirty-one levels is what the outline holds; a deeper report is refused.
-    if (depth_ >= static_cast<int>(labels_.size())) RaisePlatform(platform_error::kSubscriptOutOfRange);
-    labels_[depth_] = label;
+    Label(depth_) = label;
     row.SetIndentLevel(static_cast<int16_t>(depth_));
     ++depth_;
   }
@@ -126,11 +124,16 @@ class LabelStack {
  private:
   void StepBackTo(const std::string& label) {
     if (label.empty()) return;
-    for (int i = 0; i <= depth_ && i < static_cast<int>(labels_.size()); ++i)
-      if (labels_[i] == label) {
+    for (int i = 0; i <= depth_; ++i)
+      if (Label(i) == label) {
         depth_ = i;
         return;
       }
+  }
+  // Thirty-one levels is what the outline holds; a deeper report is refused.
+  std::string& Label(int i) {
+    if (i >= static_cast<int>(labels_.size())) RaisePlatform(platform_error::kSubscriptOutOfRange);
+    return labels_[static_cast<size_t>(i)];
   }
   std::array<std::string, 31> labels_;
   int depth_ = 0;
