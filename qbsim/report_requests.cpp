@@ -1,8 +1,9 @@
 // The report queries: every kind of report request answered with the report's title, the
 // period and basis it was asked for, its typed columns and its rows. The Trial Balance and
 // the aging summaries are summed from the ledger's postings; most other reports answer
-// their columns and no rows yet. The Profit and Loss, the Balance Sheet and the customer
-// and vendor balance summaries are summed from the postings too.
+// their columns and no rows yet. The Profit and Loss, the Balance Sheet, the customer and
+// vendor balance summaries, the aging details and the open invoices are summed from the
+// postings too.
 #include <algorithm>
 #include <map>
 #include <string>
@@ -87,6 +88,9 @@ Period PeriodOf(RequestContext& ctx, const pugi::xml_node& rq) {
   return p;
 }
 
+// The last day of the period; a period open at its end runs to today.
+std::string EndOf(const Period& p) { return p.to.empty() ? FormatDate(Today(), "yyyy-mm-dd") : p.to; }
+
 std::string LongDate(const std::string& ymd) {
   static const char* months[] = {"January", "February", "March",     "April",   "May",      "June",
                                  "July",    "August",   "September", "October", "November", "December"};
@@ -113,7 +117,7 @@ const char* DataTypeOf(std::string_view colType) {
   for (const char* t : {"Date", "DueDate", "DeliveryDate", "ShipDate", "BilledDate", "ReceiveDate",
                         "EarliestReceiptDate", "PaidThroughDate"})
     if (colType == t) return "DATETYPE";
-  if (colType == "TxnNumber") return "INTTYPE";
+  if (colType == "TxnNumber" || colType == "Aging") return "INTTYPE";
   if (colType == "Percent" || colType == "PercentChange" || colType == "ProgressPercent" ||
       colType == "PercentOfTotalValue" || colType == "PercentOfTotalRetail")
     return "PERCENTTYPE";
@@ -152,7 +156,7 @@ std::string InClause(const std::vector<std::string>& ids) {
 // Trial Balance: every account with a balance at the end of the period, on its debit or
 // credit side, and the two totals, which are equal in a sound ledger.
 void TrialBalance(RequestContext& ctx, const Period& p, Answer& a) {
-  const std::string end = p.to.empty() ? FormatDate(Today(), "yyyy-mm-dd") : p.to;
+  const std::string end = EndOf(p);
   a.titleRows = 2;
   a.columns = {{"", "Label", "STRTYPE"}, {LongDate(end) + " Debit", "Debit", "AMTTYPE"},
                {"Credit", "Credit", "AMTTYPE"}};
@@ -258,7 +262,7 @@ void ProfitAndLoss(RequestContext& ctx, const Period& p, Answer& a) {
 // Balance Sheet: assets against liabilities and equity at the end of the period; the
 // income and expenses of all time up to then stand in equity as net income.
 void BalanceSheet(RequestContext& ctx, const Period& p, Answer& a) {
-  const std::string end = p.to.empty() ? FormatDate(Today(), "yyyy-mm-dd") : p.to;
+  const std::string end = EndOf(p);
   a.columns = {{"", "Label", "STRTYPE"}, {LongDate(end), "Amount", "AMTTYPE"}};
   const auto sums = AccountSums(ctx, "", end);
   Section(a, sums, kAssetTypes, false, "ASSETS", "TOTAL ASSETS");
@@ -272,54 +276,143 @@ void BalanceSheet(RequestContext& ctx, const Period& p, Answer& a) {
       {"TotalRow", "", "", {"TOTAL LIABILITIES & EQUITY", CentsText(liabilities + equity + netIncome)}});
 }
 
+// A document still open at the end of the period: an invoice, a bill, an opening balance.
+struct OpenDocument {
+  std::string kind, date, due, refNumber, entity;
+  int64_t open = 0;
+  int daysLate = 0;
+  size_t bucket = 0;  // 0 current, 1 to 4 the thirty-day steps past due
+};
+
+constexpr const char* kBuckets[] = {"Current", "1 - 30", "31 - 60", "61 - 90", "> 90"};
+
+// The open documents of the receivables (or payables), by name and date. What is open is
+// what the document posted to those accounts less what was applied to it, up to `end`.
+std::vector<OpenDocument> OpenDocuments(RequestContext& ctx, const std::string& end, bool payables) {
+  std::vector<OpenDocument> docs;
+  const std::vector<std::string> accounts = AccountsOf(ctx, payables ? "AccountsPayable" : "AccountsReceivable");
+  if (accounts.empty()) return docs;
+  const Date asOf = ParseDate(end);
+  SqlStatement st = ctx.file.Db().Prepare(
+      "SELECT open_txn_id, sum(amount), max(CASE WHEN txn_id = open_txn_id THEN entity_id ELSE '' END), "
+      "max(CASE WHEN txn_id = open_txn_id THEN txn_date ELSE '' END) FROM posting WHERE account_id IN (" +
+      InClause(accounts) + ") AND open_txn_id <> '' AND txn_date <= ? GROUP BY open_txn_id HAVING sum(amount) <> 0");
+  st.Bind(1, end);
+  LedgerStore ledger(ctx.file);
+  while (st.Step()) {
+    OpenDocument d;
+    const std::string docId(st.Text(0));
+    d.open = payables ? -st.Int(1) : st.Int(1);
+    d.entity = ctx.store.FullNameOf(st.Text(2));
+    if (d.entity.empty()) d.entity = "No Name";
+    d.date = d.due = std::string(st.Text(3));
+    // An opening balance is kept open under the name's own ListID and has no document.
+    d.kind = "Opening Balance";
+    if (auto doc = ledger.ByTxnId(docId)) {
+      d.kind = doc->kind;
+      d.refNumber = doc->refNumber;
+      std::string_view due = FieldMap::Decode(doc->body).Get("DueDate");
+      if (!due.empty()) d.due = std::string(due);
+    }
+    d.daysLate = d.due.empty() ? 0 : static_cast<int>(asOf - ParseDate(d.due));
+    d.bucket = d.daysLate <= 0 ? 0 : d.daysLate <= 30 ? 1 : d.daysLate <= 60 ? 2 : d.daysLate <= 90 ? 3 : 4;
+    docs.push_back(std::move(d));
+  }
+  std::stable_sort(docs.begin(), docs.end(), [](const OpenDocument& x, const OpenDocument& y) {
+    return std::pair(NameKey(x.entity), x.date) < std::pair(NameKey(y.entity), y.date);
+  });
+  return docs;
+}
+
 // Aging summary: what each customer (or vendor) still owes at the end of the period, by
 // how many days past its due date each open document is.
 void AgingSummary(RequestContext& ctx, const Period& p, bool payables, Answer& a) {
-  const std::string end = p.to.empty() ? FormatDate(Today(), "yyyy-mm-dd") : p.to;
-  const Date asOf = ParseDate(end);
-  a.columns = {{"", "Label", "STRTYPE"},      {"Current", "Amount", "AMTTYPE"}, {"1 - 30", "Amount", "AMTTYPE"},
-               {"31 - 60", "Amount", "AMTTYPE"}, {"61 - 90", "Amount", "AMTTYPE"}, {"> 90", "Amount", "AMTTYPE"},
-               {"TOTAL", "Total", "AMTTYPE"}};
-  const std::vector<std::string> accounts = AccountsOf(ctx, payables ? "AccountsPayable" : "AccountsReceivable");
-  std::map<std::string, std::vector<int64_t>> byEntity;  // name key -> 5 buckets + total
-  std::map<std::string, std::string> names;
-  if (!accounts.empty()) {
-    SqlStatement st = ctx.file.Db().Prepare(
-        "SELECT open_txn_id, sum(amount), max(CASE WHEN txn_id = open_txn_id THEN entity_id ELSE '' END), "
-        "max(CASE WHEN txn_id = open_txn_id THEN txn_date ELSE '' END) FROM posting WHERE account_id IN (" +
-        InClause(accounts) + ") AND open_txn_id <> '' AND txn_date <= ? GROUP BY open_txn_id HAVING sum(amount) <> 0");
-    st.Bind(1, end);
-    LedgerStore ledger(ctx.file);
-    while (st.Step()) {
-      const std::string docId(st.Text(0)), entityId(st.Text(2)), docDate(st.Text(3));
-      const int64_t open = payables ? -st.Int(1) : st.Int(1);
-      std::string due = docDate;
-      if (auto doc = ledger.ByTxnId(docId)) {
-        std::string_view d = FieldMap::Decode(doc->body).Get("DueDate");
-        if (!d.empty()) due = std::string(d);
-      }
-      const double late = due.empty() ? 0 : asOf - ParseDate(due);
-      const size_t bucket = late <= 0 ? 0 : late <= 30 ? 1 : late <= 60 ? 2 : late <= 90 ? 3 : 4;
-      const std::string& name = ctx.store.FullNameOf(entityId);
-      auto& sums = byEntity[NameKey(name)];
-      names[NameKey(name)] = name;
-      sums.resize(6);
-      sums[bucket] += open;
-      sums[5] += open;
-    }
-  }
+  a.columns = {{"", "Label", "STRTYPE"}};
+  for (const char* bucket : kBuckets) a.columns.push_back({bucket, "Amount", "AMTTYPE"});
+  a.columns.push_back({"TOTAL", "Total", "AMTTYPE"});
   std::vector<int64_t> totals(6);
-  for (const auto& [key, sums] : byEntity) {
-    Row row{"DataRow", payables ? "vendor" : "customer", names[key], {names[key]}};
+  std::vector<int64_t> sums;
+  std::string entity;
+  auto flush = [&] {
+    if (entity.empty()) return;
+    Row row{"DataRow", payables ? "vendor" : "customer", entity, {entity}};
     for (size_t i = 0; i < 6; ++i) {
       row.cells.push_back(CentsText(sums[i]));
       totals[i] += sums[i];
     }
     a.rows.push_back(std::move(row));
+  };
+  for (const OpenDocument& d : OpenDocuments(ctx, EndOf(p), payables)) {
+    if (d.entity != entity) {
+      flush();
+      entity = d.entity;
+      sums.assign(6, 0);
+    }
+    sums[d.bucket] += d.open;
+    sums[5] += d.open;
   }
+  flush();
   Row total{"TotalRow", "", "", {"TOTAL"}};
   for (int64_t t : totals) total.cells.push_back(CentsText(t));
   a.rows.push_back(std::move(total));
+}
+
+// The columns of the open-document reports.
+std::vector<Column> OpenDocumentColumns() {
+  return {{"", "Blank", "STRTYPE"}, Col("Type", "TxnType"), Col("Date", "Date"), Col("Num", "RefNumber"),
+          Col("Name", "Name"),       Col("Due Date", "DueDate"), Col("Aging", "Aging"), Col("Open Balance", "OpenBalance")};
+}
+
+Row DocumentRow(const OpenDocument& d) {
+  return {"DataRow", "", "",
+          {"", d.kind, d.date, d.refNumber, d.entity, d.due, d.daysLate > 0 ? std::to_string(d.daysLate) : "",
+           CentsText(d.open)}};
+}
+
+// Groups of open documents, each under its heading with its subtotal, then the total.
+template <class KeyOf>
+void OpenDocumentGroups(Answer& a, const std::vector<OpenDocument>& docs, size_t groups, KeyOf keyOf) {
+  a.columns = OpenDocumentColumns();
+  int64_t total = 0;
+  for (size_t g = 0; g < groups; ++g) {
+    std::string heading;
+    int64_t sum = 0;
+    for (const OpenDocument& d : docs) {
+      const std::string key = keyOf(d, g);
+      if (key.empty()) continue;
+      if (heading.empty()) a.rows.push_back({"TextRow", "", heading = key, {}});
+      a.rows.push_back(DocumentRow(d));
+      sum += d.open;
+    }
+    if (heading.empty()) continue;
+    Row sub{"SubtotalRow", "", "", std::vector<std::string>(8)};
+    sub.cells[0] = "Total " + heading;
+    sub.cells[7] = CentsText(sum);
+    a.rows.push_back(std::move(sub));
+    total += sum;
+  }
+  Row row{"TotalRow", "", "", std::vector<std::string>(8)};
+  row.cells[0] = "TOTAL";
+  row.cells[7] = CentsText(total);
+  a.rows.push_back(std::move(row));
+}
+
+// Aging detail: the open documents under the step of lateness they are in.
+void AgingDetail(RequestContext& ctx, const Period& p, bool payables, Answer& a) {
+  OpenDocumentGroups(a, OpenDocuments(ctx, EndOf(p), payables), 5, [](const OpenDocument& d, size_t g) {
+    return d.bucket == g ? std::string(kBuckets[g]) : std::string();
+  });
+}
+
+// Open invoices: the open documents under the customer they belong to.
+void OpenInvoices(RequestContext& ctx, const Period& p, Answer& a) {
+  const auto docs = OpenDocuments(ctx, EndOf(p), false);
+  std::vector<std::string> customers;
+  for (const OpenDocument& d : docs)
+    if (customers.empty() || customers.back() != d.entity) customers.push_back(d.entity);
+  OpenDocumentGroups(a, docs, customers.size(), [&](const OpenDocument& d, size_t g) {
+    return d.entity == customers[g] ? d.entity : std::string();
+  });
 }
 
 // Customer (or vendor) balance summary: the aging summary's totals alone.
@@ -410,6 +503,10 @@ Status ReportQuery(RequestContext& ctx, const pugi::xml_node& rq, XmlOut& out) {
     TrialBalance(ctx, period, a);
   } else if (d->Code() == qbRptARAgingSummary || d->Code() == qbRptAPAgingSummary) {
     AgingSummary(ctx, period, d->Code() == qbRptAPAgingSummary, a);
+  } else if (d->Code() == qbRptARAgingDetail || d->Code() == qbRptAPAgingDetail) {
+    AgingDetail(ctx, period, d->Code() == qbRptAPAgingDetail, a);
+  } else if (d->Code() == qbRptOpenInvoices) {
+    OpenInvoices(ctx, period, a);
   } else if (d->Code() == qbRptCustomerBalanceSummary || d->Code() == qbRptVendorBalanceSummary) {
     BalanceSummary(ctx, period, d->Code() == qbRptVendorBalanceSummary, a);
   } else if (d->Code() == qbRptProfitAndLossStandard) {
@@ -423,7 +520,8 @@ Status ReportQuery(RequestContext& ctx, const pugi::xml_node& rq, XmlOut& out) {
   } else {
     a.columns = {{"", "Label", "STRTYPE"}, {"TOTAL", "Amount", "AMTTYPE"}};
   }
-  const bool asOf = d->Code() == qbRptTrialBalance || type == ReportTypeAging ||
+  const bool asOf = d->Code() == qbRptTrialBalance || type == ReportTypeAging || d->Code() == qbRptOpenInvoices ||
+                    d->Code() == qbRptCustomerBalanceSummary || d->Code() == qbRptVendorBalanceSummary ||
                     d->ReportGroup() == qbRptGrpInventory || d->Description().find("Balance Sheet") == 0;
   a.subtitle = d->NoDateAllowed() ? "" : Subtitle(period, asOf);
   Write(out, d->Description(), a);

@@ -126,6 +126,26 @@ TEST_P(ReportsEndToEnd, CustomerBalancesAddUpToTheAgedReceivables) {
   EXPECT_EQ(balances.ReportRows().Count(), aging.ReportRows().Count());
 }
 
+TEST_P(ReportsEndToEnd, OpenDocumentsListTheAgedReceivablesOneByOne) {
+  Report summary;
+  summary.SetBaseReport(qbRptARAgingSummary);
+  ASSERT_EQ(summary.Refresh(), 0);
+  const Currency owed = AmountOf(summary, "TOTAL", 7);
+  for (int32_t code : {qbRptARAgingDetail, qbRptOpenInvoices}) {
+    Report detail;
+    detail.SetBaseReport(code);
+    ASSERT_EQ(detail.Refresh(), 0);
+    Currency rows(0), subtotals(0);
+    for (const auto& row : detail.ReportRows()) {
+      if (row->RowType() == qbrptRowTypeData) rows += Amount(*row, 8);
+      if (row->RowType() == qbRptRowTypeSubTotal) subtotals += Amount(*row, 8);
+    }
+    EXPECT_EQ(rows, owed) << code;
+    EXPECT_EQ(subtotals, owed) << code;
+    EXPECT_EQ(AmountOf(detail, "TOTAL", 8), owed) << code;
+  }
+}
+
 TEST_P(ReportsEndToEnd, RowsAreIndentedAfterTheRead) {
   Report r;
   r.SetBaseReport(qbRptARAgingSummary);
