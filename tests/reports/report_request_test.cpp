@@ -10,16 +10,15 @@
 #include "tests/support/qbxml_check.h"
 #include "tests/support/raised.h"
 #include "tests/support/scripted_processor.h"
+#include "tests/support/text_match.h"
 
 namespace tessaron {
 namespace {
 
-using testing::NumberRaised;
+using testing::Contains;
 using testing::Raised;
 using testing::ScriptedProcessor;
 using testing::ScriptedSession;
-
-bool Contains(const std::string& text, const std::string& part) { return text.find(part) != std::string::npos; }
 
 class PinnedClock : public ::testing::Test {
  protected:
