@@ -147,6 +147,9 @@ void LoadReportCatalog() {
     d->SetFlags(Has(row.flags, 'T'), Has(row.flags, 'A'), Has(row.flags, 'E'), Has(row.flags, 'C'),
                 Has(row.flags, 'D'));
     d->SetRequestName(*row.requestName ? std::string(row.requestName) : RemoveSpaces(row.description));
+    // As a row of its table the report's qbXML text is its request name, so the general
+    // enumeration lookups (EnumCodeToXML, EnumXMLToCode) answer it too.
+    if (d->RequestName() != d->CollectionKey()) d->SetXMLTag(d->RequestName());
     table->AddObject(d);
   }
 }

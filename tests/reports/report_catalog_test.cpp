@@ -6,6 +6,7 @@
 #include <string>
 
 #include "tessaron/connection/qb_connection.h"
+#include "tessaron/foundation/enumerations.h"
 #include "tessaron/reports/report_catalog.h"
 #include "tests/support/raised.h"
 
@@ -140,6 +141,13 @@ TEST(ReportCatalog, ConnectionHandsOutTheFilledCatalogueAsAnEnumeration) {
   EXPECT_EQ(reports->Item(Variant("Trial Balance"))->Code(), qbRptTrialBalance);
   EXPECT_EQ(reports->ItemByCode(qbRptOpenPOs)->Description(), "Open Purchase Orders");
   EXPECT_EQ(c.ReportGroups()->ItemByCode(qbRptGrpCustom)->Description(), "Custom");
+}
+
+TEST(ReportCatalog, EnumerationLookupsAnswerTheRequestName) {
+  LoadReportCatalog();
+  EXPECT_EQ(EnumCodeToXML(qbRptOpenPOs, qoeReport), "OpenPOs");
+  EXPECT_EQ(EnumCodeToXML(qbRptTrialBalance, qoeReport), "TrialBalance");
+  EXPECT_EQ(EnumXMLToCode("CustomTxnDetail", qoeReport), qbRptCustomDetail);
 }
 
 TEST(ReportCatalog, LoadingTwiceKeepsOneCopy) {
