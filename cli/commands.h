@@ -20,6 +20,8 @@ void AddDemoCommand(CLI::App& app, const GlobalOptions& global);
 void AddListCommand(CLI::App& app, const GlobalOptions& global);
 // `show Invoice REFNUMBER`: one document as a person reads it.
 void AddShowCommand(CLI::App& app, const GlobalOptions& global);
+// `report list` and `report run`.
+void AddReportCommand(CLI::App& app, const GlobalOptions& global);
 // `company show`, under the `company` command.
 void AddCompanyShowCommand(CLI::App& company, const GlobalOptions& global);
 

@@ -25,6 +25,7 @@ int main(int argc, char** argv) {
   tessaron::cli::AddDemoCommand(app, global);
   tessaron::cli::AddListCommand(app, global);
   tessaron::cli::AddShowCommand(app, global);
+  tessaron::cli::AddReportCommand(app, global);
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& e) {

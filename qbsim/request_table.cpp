@@ -8,6 +8,7 @@ const RequestTable& RequestTable::Instance() {
     RegisterCompanyRequests(t);
     RegisterListRequests(t);
     RegisterTxnRequests(t);
+    RegisterReportRequests(t);
     return t;
   }();
   return table;

@@ -102,6 +102,17 @@ const Tolerance kTolerances[] = {
          for (Node type : Elements(rq, "TxnDisplayAddType"))
            if (std::string_view(type.text().get()) == "BillPaymentCheck") type.text().set("Check");
      }},
+    {"Report requests name the columns to return ReturnCols; the schema calls the element ReturnColumns.",
+     [](Node rqs) {
+       for (Node rq = rqs.first_child(); rq; rq = rq.next_sibling())
+         for (Node cols : Elements(rq, "ReturnCols")) cols.set_name("ReturnColumns");
+     }},
+    {"Job and time report requests carry the ReportBasis the application set; the report refuses it (3151) "
+     "and the library asks once more without it.",
+     [](Node rqs) {
+       for (const char* kind : {"JobReportQueryRq", "TimeReportQueryRq"})
+         for (Node rq : Elements(rqs, kind)) rq.remove_child("ReportBasis");
+     }},
     {"A vendor add writes Notes before AccountNumber.",
      [](Node rqs) {
        for (Node rq : Elements(rqs, "VendorAddRq"))

@@ -5,6 +5,7 @@
 #include "tessaron/foundation/values.h"
 #include "tessaron/platform/error.h"
 #include "tessaron/platform/host_services.h"
+#include "tessaron/reports/report_catalog.h"
 
 namespace tessaron {
 namespace {
@@ -19,7 +20,7 @@ void Load(LibraryState& s) {
   // 2. The enumeration tables (only when none exist yet), the report catalogue and the
   //    address index.
   LoadEnumerations();
-  // The report catalogue fills the "ReportTypes" table here, once it exists.
+  LoadReportCatalog();
   for (const auto& [name, number] : {std::pair<const char*, int>{"Addr1", 1}, {"Addr2", 2}, {"Addr3", 3},
                                      {"Addr4", 4}, {"City", 5}, {"State", 6}, {"PostalCode", 7}, {"Country", 8}})
     s.AddressFieldIndex.Add(number, name);

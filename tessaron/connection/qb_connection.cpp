@@ -9,6 +9,7 @@
 #include "tessaron/messaging/xml_bldr.h"
 #include "tessaron/platform/error.h"
 #include "tessaron/platform/host_services.h"
+#include "tessaron/reports/report_catalog.h"
 #include "tessaron/version.h"
 #include "tessaron/framework/detail/list_object_access.h"
 
@@ -434,7 +435,7 @@ std::shared_ptr<QCEnum> QBConnection::ListTypes() const { return Table(qoeListTy
 Variant QBConnection::TxnTypes() const { return Variant::FromObject(Table(qoeTxnType)); }
 std::shared_ptr<QCEnum> QBConnection::DateMacros() const { return Table(qoeDateMacro); }
 std::shared_ptr<QCEnum> QBConnection::AvailableFields() const { return Table(qoeReportField); }
-std::shared_ptr<QCEnum> QBConnection::AvailableReports() const { return Table(qoeReport); }
+std::shared_ptr<QCEnum> QBConnection::AvailableReports() const { return ReportCatalog(); }
 std::shared_ptr<QCEnum> QBConnection::ReportGroups() const { return Table(qoeReportGroup); }
 std::shared_ptr<QCEnum> QBConnection::ReportDateMacros() const { return Table(qoeReportDateMacro); }
 std::shared_ptr<QCEnum> QBConnection::ReportColumnSortFields() const { return Table(qoeReportColSortFields); }

@@ -5,6 +5,7 @@
 #include "tests/support/raised.h"
 #include "tessaron/foundation/enum_codes.h"
 #include "tessaron/foundation/enum_types.h"
+#include "tessaron/connection/library_state.h"
 #include "tessaron/foundation/enumerations.h"
 
 namespace tessaron {
@@ -62,7 +63,7 @@ constexpr TableShape kTableShapes[] = {
     {qoePaySalesTax, "PaySalesTax", 3, 1, "Monthly", 3, "Annually"},
     {qoeDayOfWeek, "FirstDayOfWeek", 7, 1, "Monday", 7, "Sunday"},
     {qoeLinkedTxnType, "TxnType", 23, 1, "Invoice", 23, "SalesOrder"},
-    {qoeReport, "ReportTypes", 0, 0, nullptr, 0, nullptr},
+    {qoeReport, "ReportTypes", 89, 1, "1099 Detail", 89, "Transaction Summary"},
     {qoeReportField, "ReportFields", 90, 1, "Account", 90, "Calculated Amount"},
     {qoeReportDateMacro, "Report Date Macros", 25, 1, "All", 25, "Custom"},
     {qoeTxnType, "Txn Types", 23, 1, "All", 23, "Vendor Credit"},
@@ -96,6 +97,7 @@ class EnumerationTable : public ::testing::TestWithParam<TableShape> {};
 
 TEST_P(EnumerationTable, HasItsNameRowCountAndEnds) {
   const TableShape& t = GetParam();
+  State();  // the load of the library, which also fills "ReportTypes" with the report catalogue
   Enumerations& all = QBEnumerations();
   auto table = all.Item(t.type);
   EXPECT_EQ(all.Item(std::string(t.name)), table) << "a table is found by its name and by its code alike";
@@ -275,7 +277,7 @@ INSTANTIATE_TEST_SUITE_P(
         BadLookup{"UnknownCode", [] { EnumCodeToXML(99, qoeObjectState); }, 0x800403EF, kBadValue},
         BadLookup{"UnknownCodeDescription", [] { EnumCodeToDescription(99, qoeObjectState); }, 0x800403EF, kBadValue},
         BadLookup{"EmptyTable", [] { EnumCodeToXML(1, qoeTaxForm); }, 0x800403EF, kBadValue},
-        BadLookup{"ReportTypesBeforeTheCatalogue", [] { EnumCodeToXML(1, qoeReport); }, 0x800403EF, kBadValue},
+        BadLookup{"ReportBeyondTheCatalogue", [] { EnumCodeToXML(90, qoeReport); }, 0x800403EF, kBadValue},
         BadLookup{"NoSuchTable", [] { EnumCodeToXML(1, static_cast<qoEnumerationType>(57)); }, 0x800403EF, kBadValue},
         BadLookup{"TableZero", [] { EnumCodeToDescription(1, static_cast<qoEnumerationType>(0)); }, 0x800403EF,
                   kBadValue},

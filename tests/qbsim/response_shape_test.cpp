@@ -116,8 +116,7 @@ TEST_F(ResponseShapeTest, UnknownRequestsAreAnsweredNotSupported) {
   processor_->OpenConnection("", "lenient");
   ticket_ = processor_->BeginSession(path_, 0);
   Response r = Send("<BillQueryRq><MaxReturned>1</MaxReturned></BillQueryRq>"
-                    "<GeneralSummaryReportQueryRq><GeneralSummaryReportType>ProfitAndLossStandard"
-                    "</GeneralSummaryReportType></GeneralSummaryReportQueryRq>");
+                    "<VehicleQueryRq><MaxReturned>1</MaxReturned></VehicleQueryRq>");
   EXPECT_EQ(r.Status(0), status::kNotSupported);
   EXPECT_EQ(r.Status(1), status::kNotSupported);
   EXPECT_NE(r.Message(0).find("not supported by this company file processor"), std::string::npos);
