@@ -4,12 +4,14 @@
 #include <string_view>
 
 #include "tessaron/connection/library_state.h"
+#include "tessaron/dataext/data_ext_owner.h"
 #include "tessaron/foundation/enum_codes.h"
 #include "tessaron/foundation/enumerations.h"
 #include "tessaron/foundation/error_numbers.h"
 #include "tessaron/foundation/qc_error.h"
 #include "tessaron/foundation/values.h"
 #include "tessaron/framework/query_mirror.h"
+#include "tessaron/framework/response_status.h"
 #include "tessaron/messaging/xml_bldr.h"
 #include "tessaron/platform/error.h"
 #include "tessaron/framework/detail/list_object_access.h"
@@ -18,36 +20,7 @@ namespace tessaron {
 
 namespace {
 
-// The responses of a message: the children of QBXMLMsgsRs (document child 1 is QBXML,
-// child 0 the XML declaration).
-XmlNodeList Responses(const XmlDocument& doc) { return doc.childNodes().item(1).childNodes().item(0).childNodes(); }
-
-// The response attributes as the commit reads them: the element's text form split at
-// every double quote, relying on QuickBooks' attribute order (requestID, statusCode,
-// statusSeverity, statusMessage).
-struct ResponseStatus {
-  long requestId = 0;
-  int32_t code = 0;
-  std::string message;
-};
-
-ResponseStatus ReadResponseStatus(const XmlNode& node) {
-  const std::string text = node.xml();
-  std::vector<std::string_view> tokens;
-  size_t start = 0;
-  for (;;) {
-    size_t quote = text.find('"', start);
-    tokens.emplace_back(std::string_view(text).substr(start, quote == std::string::npos ? std::string::npos : quote - start));
-    if (quote == std::string::npos) break;
-    start = quote + 1;
-  }
-  auto token = [&](size_t i) { return i < tokens.size() ? std::string(tokens[i]) : std::string(); };
-  ResponseStatus status;
-  status.requestId = static_cast<long>(Variant(token(1)).ToInteger());
-  status.code = static_cast<int32_t>(Variant(token(3)).ToInteger());
-  status.message = token(7);
-  return status;
-}
+XmlNodeList Responses(const XmlDocument& doc) { return ResponsesOf(doc); }
 
 constexpr std::string_view kQuickBooksPrefix = "QuickBooks error message: ";
 
@@ -375,12 +348,35 @@ int32_t ListCollectionBase::Commit(const std::shared_ptr<ListObject>& Member) {
     for (auto& [node, obj] : matched) ResponseStep(node, obj);
   }
   OnCommitEnd(Member);
+  SaveDataExtensionsAfterCommit(Member);
 
   if (State().ErrorMode) {
     if (errors->Count() > 0) throw Error(err::kCommitErrors, info_.className, err::kCommitErrorsText);
     if (commitBldr.ErrNumber() != 0) throw Error(commitBldr.ErrNumber(), info_.className, commitBldr.ErrMsg());
   }
   return static_cast<int32_t>(errors->Count());
+}
+
+void ListCollectionBase::SaveDataExtensionsAfterCommit(const std::shared_ptr<ListObject>& Member) {
+  // QuickBooks keeps extension values outside the record: they follow in requests of their
+  // own, from qbXML 2.0 on, for records that are on file. A failed save is told in the
+  // values' Errors and counted here; it never touches the record.
+  if (State().QBXMLVersionNumber < Currency(2)) return;
+  auto save = [this](ListObject& obj) {
+    auto* owner = dynamic_cast<DataExtOwner*>(&obj);
+    if (!owner || obj.ListID().empty()) return;
+    bool saved = false;
+    try {
+      saved = owner->SaveDataExtensions(obj.ListID());
+    } catch (const Error&) {
+    }
+    if (!saved) Errors()->Add(err::kCommitFailed, obj.CollectionKey(), err::kCommitFailedText);
+  };
+  if (Member) {
+    save(*Member);
+    return;
+  }
+  for (long i = 1; i <= mCol_.Count(); ++i) save(*mCol_.Item(i));
 }
 
 void ListCollectionBase::RequestStep(xmlBldr& b, ListObject& obj, int16_t requestId, int& added) {

@@ -3,6 +3,7 @@
 #include <charconv>
 
 #include "tessaron/connection/library_state.h"
+#include "tessaron/dataext/data_ext_owner.h"
 #include "tessaron/foundation/enumerations.h"
 #include "tessaron/foundation/error_numbers.h"
 #include "tessaron/foundation/qc_error.h"
@@ -150,6 +151,10 @@ void ListObject::SetIfChanged(std::string& field, const std::string& value, Curr
 Variant ListObject::FromDom(const XmlNode& obj) {
   for (const XmlNode& child : obj.childNodes()) {
     std::string_view tag = child.baseName();
+    if (auto* owner = dynamic_cast<DataExtOwner*>(this); owner && tag == "DataExtRet") {
+      owner->ReadDataExtRet(child);
+      continue;
+    }
     const FieldDef* match = nullptr;
     for (const FieldDef& row : info_.fields) {
       if (row.tag == tag) {
