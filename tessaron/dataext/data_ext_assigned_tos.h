@@ -28,6 +28,7 @@ class dataExtAssignedTos {
 
  private:
   friend class DataExtensionDefinition;
+  friend class DataExtensionDefinitions;
   size_t Slot(const Variant& vntIndexKey) const;
   void Change();
 

@@ -171,7 +171,8 @@ int32_t DataExtensionDefinitions::Commit(const std::shared_ptr<DataExtensionDefi
 
   if (valid && written > 0) {
     XmlDocument doc = b.NewSendRequest();
-    if (b.ErrNumber() == 0) {
+    // A refused definition sets the builder's error too; each response tells its own.
+    {
       for (const XmlNode& node : ResponsesOf(doc)) {
         ResponseStatus status = ReadResponseStatus(node);
         if (status.requestId < 1 || status.requestId > col_.Count()) continue;
@@ -182,7 +183,16 @@ int32_t DataExtensionDefinitions::Commit(const std::shared_ptr<DataExtensionDefi
           else d->Errors()->Add(err::kDatabaseOpenFailed, "QuickBooks: ", CutQuickBooksMessage(status.message));
           continue;
         }
-        d->FromDom(node.childNodes().item(0));
+        if (XmlNode ret = node.childNodes().item(0); !ret.IsNull()) {
+          d->FromDom(ret);
+        } else {
+          // Accepted without a record: what was sent is what QuickBooks now holds.
+          if (!d->newName_.empty()) d->name_ = d->newName_;
+          d->newName_.clear();
+          d->originalAssignedTos_.types_ = d->assignedTos_.types_;
+          d->assignedTos_.state_ = qoObjectStateClean;
+          d->state_ = qoObjectStateClean;
+        }
       }
     }
   }

@@ -191,10 +191,12 @@ int32_t DataExtensions::Commit(const std::string& ListOrTxnId, const std::string
   if (written > 0) {
     XmlDocument doc = b.NewSendRequest();
     lastCommitSent_ = true;
-    if (b.ErrNumber() != 0) {
+    XmlNodeList responses = ResponsesOf(doc);
+    // A message that failed as a whole has no responses to tell it.
+    if (responses.length() == 0 && b.ErrNumber() != 0) {
       errors->Add(b.ErrNumber(), "", b.ErrMsg());
     } else {
-      for (const XmlNode& node : ResponsesOf(doc)) {
+      for (const XmlNode& node : responses) {
         ResponseStatus status = ReadResponseStatus(node);
         if (status.requestId < 1 || status.requestId > col_.Count()) continue;
         DataExtension& member = *col_.Item(status.requestId);
@@ -209,10 +211,11 @@ int32_t DataExtensions::Commit(const std::string& ListOrTxnId, const std::string
           // Deleted: the value is empty on file as here.
           member.oldValue_ = member.value_;
           member.state_ = qoObjectStateClean;
+        } else if (XmlNode ret = node.childNodes().item(0); !ret.IsNull()) {
+          member.FromDom(ret);
         } else {
-          const qbEnumDataExtDataType type = member.dataType_;
-          member.FromDom(node.childNodes().item(0));
-          member.dataType_ = type;
+          member.oldValue_ = member.value_;
+          member.state_ = qoObjectStateClean;
         }
       }
     }

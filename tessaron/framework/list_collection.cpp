@@ -5,6 +5,7 @@
 
 #include "tessaron/connection/library_state.h"
 #include "tessaron/dataext/data_ext_owner.h"
+#include "tessaron/dataext/data_extensions.h"
 #include "tessaron/foundation/enum_codes.h"
 #include "tessaron/foundation/enumerations.h"
 #include "tessaron/foundation/error_numbers.h"
@@ -365,12 +366,13 @@ void ListCollectionBase::SaveDataExtensionsAfterCommit(const std::shared_ptr<Lis
   auto save = [this](ListObject& obj) {
     auto* owner = dynamic_cast<DataExtOwner*>(&obj);
     if (!owner || obj.ListID().empty()) return;
-    bool saved = false;
     try {
-      saved = owner->SaveDataExtensions(obj.ListID());
+      owner->SaveDataExtensions(obj.ListID());
     } catch (const Error&) {
     }
-    if (!saved) Errors()->Add(err::kCommitFailed, obj.CollectionKey(), err::kCommitFailedText);
+    // Either save may have failed, whatever the result of the last one says.
+    if (owner->CustomFields()->Errors()->Count() + owner->ApplicationFields()->Errors()->Count() > 0)
+      Errors()->Add(err::kCommitFailed, obj.CollectionKey(), err::kCommitFailedText);
   };
   if (Member) {
     save(*Member);
