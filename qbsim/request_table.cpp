@@ -8,6 +8,7 @@ const RequestTable& RequestTable::Instance() {
     RegisterCompanyRequests(t);
     RegisterListRequests(t);
     RegisterTxnRequests(t);
+    RegisterDataExtRequests(t);
     return t;
   }();
   return table;

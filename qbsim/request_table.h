@@ -43,5 +43,6 @@ class RequestTable {
 void RegisterListRequests(RequestTable& table);
 void RegisterCompanyRequests(RequestTable& table);
 void RegisterTxnRequests(RequestTable& table);
+void RegisterDataExtRequests(RequestTable& table);
 
 }  // namespace tessaron::qbsim
