@@ -48,9 +48,15 @@ bool ValidOwner(std::string_view owner) {
   return true;
 }
 
-Status ReadOwner(const pugi::xml_node& node, std::string& owner) {
+// `emptyIsPublic`: the library clears a value under the application's GUID, and with none
+// registered under an empty owner, which is taken as a custom field's.
+Status ReadOwner(const pugi::xml_node& node, std::string& owner, bool emptyIsPublic = false) {
   const std::string_view text = Trim(node.child_value("OwnerID"));
   if (!node.child("OwnerID")) return status::MissingElement("OwnerID");
+  if (text.empty() && emptyIsPublic) {
+    owner = "0";
+    return status::Ok();
+  }
   if (!ValidOwner(text)) return status::BadValue("OwnerID", std::string(text));
   owner = CanonicalOwner(text);
   return status::Ok();
@@ -275,9 +281,9 @@ Status ValueOfType(const DataExtDef& d, std::string_view text, std::string& valu
 
 // The definition and record of a value request, checked against each other.
 Status ReadValueRequest(RequestContext& ctx, const pugi::xml_node& node, DataExtStore& store,
-                        std::optional<DataExtDef>& def, Target& target) {
+                        std::optional<DataExtDef>& def, Target& target, bool deleting = false) {
   std::string owner, name;
-  if (Status s = ReadOwner(node, owner); !s.Ok()) return s;
+  if (Status s = ReadOwner(node, owner, deleting); !s.Ok()) return s;
   if (Status s = ReadName(node, "DataExtName", name); !s.Ok()) return s;
   def = store.FindDef(owner, name);
   if (!def) return status::ObjectNotFound(name);
@@ -326,7 +332,7 @@ Status ValueDel(RequestContext& ctx, const pugi::xml_node& rq, XmlOut& out) {
   DataExtStore store(ctx.file);
   std::optional<DataExtDef> def;
   Target target;
-  if (Status s = ReadValueRequest(ctx, node, store, def, target); !s.Ok()) return s;
+  if (Status s = ReadValueRequest(ctx, node, store, def, target, true); !s.Ok()) return s;
   if (!store.Value(*def, target.recordId, target.lineId)) return status::ObjectNotFound(def->name);
   WriteScope scope(ctx.file);
   store.DeleteValue(*def, target.recordId, target.lineId);

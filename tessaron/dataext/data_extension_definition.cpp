@@ -13,20 +13,7 @@
 namespace tessaron {
 
 namespace {
-
 constexpr size_t kMaxNameLength = 31;
-
-// The object type of an AssignToObject text; 0 for a text no type has.
-int32_t ObjectTypeOfText(std::string_view text) {
-  for (int32_t code = 1; code <= qoObjectTypeUIEventSubscription; ++code) {
-    try {
-      if (EqualsIgnoreCase(DataExtObjectTypeText(code), text)) return code;
-    } catch (const Error&) {
-    }
-  }
-  return 0;
-}
-
 }  // namespace
 
 DataExtensionDefinition::DataExtensionDefinition() {
@@ -92,7 +79,7 @@ Variant DataExtensionDefinition::FromDom(const XmlNode& obj) {
     else if (tag == "DataExtType")
       dataType_ = static_cast<qbEnumDataExtDataType>(EnumXMLToCode(child.text(), qoeDataExtDataTypes));
     else if (tag == "AssignToObject") {
-      if (int32_t type = ObjectTypeOfText(child.text())) types.push_back(type);
+      if (int32_t type = DataExtObjectTypeOfText(child.text())) types.push_back(type);
     } else NoteUnknownField("Unknown Field: " + std::string(tag), "DataExtDef");
   }
   assignedTos_.types_ = types;

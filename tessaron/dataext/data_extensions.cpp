@@ -10,6 +10,7 @@
 #include "tessaron/framework/response_status.h"
 #include "tessaron/messaging/xml_bldr.h"
 #include "tessaron/platform/error.h"
+#include "tessaron/platform/text.h"
 
 namespace tessaron {
 
@@ -21,6 +22,17 @@ bool IsItemObjectType(int32_t objectType) {
 
 std::string DataExtObjectTypeText(int32_t objectType) {
   return RemoveSpaces(EnumCodeToDescription(objectType, qoeObjectType));
+}
+
+int32_t DataExtObjectTypeOfText(std::string_view text) {
+  for (int32_t code = 1; code <= qoObjectTypeUIEventSubscription; ++code) {
+    try {
+      if (EqualsIgnoreCase(DataExtObjectTypeText(code), text)) return code;
+    } catch (const Error&) {
+      // a code without a row in the table
+    }
+  }
+  return 0;
 }
 
 namespace {

@@ -13,6 +13,7 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "tessaron/dataext/data_extension.h"
@@ -88,5 +89,7 @@ bool IsItemObjectType(int32_t objectType);
 // The text of an object type in AssignToObject, ListDataExtType and TxnDataExtType
 // ("SalesOrder").
 std::string DataExtObjectTypeText(int32_t objectType);
+// The object type of such a text, without regard to case; 0 for a text no type has.
+int32_t DataExtObjectTypeOfText(std::string_view text);
 
 }  // namespace tessaron

@@ -2,6 +2,7 @@
 // statuses, values on list records, the company and transactions alike, and the DataExtRet
 // answered in queries that ask for an owner.
 #include "tests/qbsim/qbsim_fixture.h"
+#include "tessaron/platform/error.h"
 
 namespace tessaron::qbsim::testing {
 namespace {
@@ -209,6 +210,21 @@ TEST_F(DataExtTest, AddModAndDelFollowWhetherAValueIsHeld) {
   EXPECT_EQ(d.Status(), 0);
   EXPECT_EQ(d.Value("DataExtDelRet/ListDataExtType"), "Customer");
   EXPECT_EQ(Send(ValueRq("Del", "0", "Colour", target, "")).Status(), 3120);
+}
+
+TEST_F(DataExtTest, AClearingWithAnEmptyOwnerIsTakenAsACustomFieldsInStrictModeToo) {
+  // The library names the application's GUID in every delete, empty when none is registered.
+  ASSERT_EQ(Send(DefAdd("0", "Colour", "STR255TYPE", To("Customer"))).Status(), 0);
+  const std::string target = ListTarget("Customer", FirstCustomer());
+  ASSERT_EQ(Send(ValueRq("Add", "0", "Colour", target, "Blue")).Status(), 0);
+  const std::string del = Message(ValueRq("Del", "", "Colour", target, ""), version_);
+  EXPECT_FALSE(tessaron::testing::IsValidQbxml(del));
+  Response r(processor_->ProcessRequest(ticket_, del));
+  EXPECT_EQ(r.Status(), 0) << r.Message();
+  EXPECT_EQ(Send(ValueRq("Del", "0", "Colour", target, "")).Status(), 3120);
+  // Only the delete is tolerated.
+  const std::string mod = Message(ValueRq("Mod", "", "Colour", target, "Red"), version_);
+  EXPECT_THROW(processor_->ProcessRequest(ticket_, mod), tessaron::Error);
 }
 
 TEST_F(DataExtTest, ARecordHoldsAtMost4096BytesOfPrivateValues) {
