@@ -178,9 +178,7 @@ int32_t DataExtensionDefinitions::Commit(const std::shared_ptr<DataExtensionDefi
         if (status.requestId < 1 || status.requestId > col_.Count()) continue;
         auto d = col_.Item(status.requestId);
         if (status.code != 0) {
-          errors->Add(err::kCommitFailed, std::to_string(status.requestId), err::kCommitFailedText);
-          if (status.code == 3100) d->Errors()->Add(err::kDuplicateName, "Name", err::kDuplicateNameText);
-          else d->Errors()->Add(err::kDatabaseOpenFailed, "QuickBooks: ", CutQuickBooksMessage(status.message));
+          NoteCommitFailure(*errors, std::to_string(status.requestId), *d->Errors(), status);
           continue;
         }
         if (XmlNode ret = node.childNodes().item(0); !ret.IsNull()) {

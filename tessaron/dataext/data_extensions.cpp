@@ -148,41 +148,30 @@ void DataExtensions::WriteTarget(xmlBldr& b, const DataExtension& member, bool w
 }
 
 void DataExtensions::WriteMember(xmlBldr& b, DataExtension& member, long position, int& written) {
-  const std::string id = std::to_string(position);
+  const char* op = nullptr;
   if (member.state_ == qoObjectStateNew) {
     // A name that was only looked at holds nothing to add.
     if (member.IsEmptyValue()) return;
-    b.OpenAggregate("DataExtAddRq", "requestID", id);
-    b.OpenAggregateOnly("DataExtAdd");
-    b.CreateElement("OwnerID", member.ownerId_);
-    b.CreateElement("DataExtName", member.name_);
-    WriteTarget(b, member, false);
-    b.CreateElement("DataExtValue", member.ValueText());
-    b.EndAggregate("DataExtAdd");
-    b.EndAggregate("DataExtAddRq");
-    ++written;
-  } else if (member.state_ == qoObjectStateDirty && member.IsEmptyValue()) {
-    // QuickBooks clears a value only by deleting it; the delete names the application's
-    // owner id, whatever the value's own.
-    b.OpenAggregate("DataExtDelRq", "requestID", id);
-    b.OpenAggregateOnly("DataExtDel");
-    b.CreateElement("OwnerID", State().DataExtensionsGUID);
-    b.CreateElement("DataExtName", member.name_);
-    WriteTarget(b, member, true);
-    b.EndAggregate("DataExtDel");
-    b.EndAggregate("DataExtDelRq");
-    ++written;
+    op = "Add";
   } else if (member.state_ == qoObjectStateDirty) {
-    b.OpenAggregate("DataExtModRq", "requestID", id);
-    b.OpenAggregateOnly("DataExtMod");
-    b.CreateElement("OwnerID", member.ownerId_);
-    b.CreateElement("DataExtName", member.name_);
-    WriteTarget(b, member, true);
-    b.CreateElement("DataExtValue", member.ValueText());
-    b.EndAggregate("DataExtMod");
-    b.EndAggregate("DataExtModRq");
-    ++written;
+    // QuickBooks clears a value only by deleting it.
+    op = member.IsEmptyValue() ? "Del" : "Mod";
+  } else {
+    return;
   }
+  const std::string request = std::string("DataExt") + op;
+  const bool deleting = request == "DataExtDel";
+  b.OpenAggregate(request + "Rq", "requestID", std::to_string(position));
+  b.OpenAggregateOnly(request);
+  // A delete names the application's owner id, whatever the value's own.
+  b.CreateElement("OwnerID", deleting ? State().DataExtensionsGUID : member.ownerId_);
+  b.CreateElement("DataExtName", member.name_);
+  // Only a change of a value on file names the line.
+  WriteTarget(b, member, request != "DataExtAdd");
+  if (!deleting) b.CreateElement("DataExtValue", member.ValueText());
+  b.EndAggregate(request);
+  b.EndAggregate(request + "Rq");
+  ++written;
 }
 
 int32_t DataExtensions::Commit(const std::string& ListOrTxnId, const std::string& TxnLineId) {
@@ -213,9 +202,7 @@ int32_t DataExtensions::Commit(const std::string& ListOrTxnId, const std::string
         if (status.requestId < 1 || status.requestId > col_.Count()) continue;
         DataExtension& member = *col_.Item(status.requestId);
         if (status.code != 0) {
-          errors->Add(err::kCommitFailed, member.name_, err::kCommitFailedText);
-          if (status.code == 3100) member.Errors()->Add(err::kDuplicateName, "Name", err::kDuplicateNameText);
-          else member.Errors()->Add(err::kDatabaseOpenFailed, "QuickBooks: ", CutQuickBooksMessage(status.message));
+          NoteCommitFailure(*errors, member.name_, *member.Errors(), status);
           continue;
         }
         const std::string_view request = node.baseName();

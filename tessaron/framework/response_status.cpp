@@ -2,6 +2,8 @@
 
 #include <vector>
 
+#include "tessaron/foundation/error_numbers.h"
+#include "tessaron/foundation/qc_error.h"
 #include "tessaron/platform/variant.h"
 
 namespace tessaron {
@@ -28,6 +30,12 @@ std::string CutQuickBooksMessage(const std::string& message) {
   constexpr std::string_view kMarker = "QuickBooks error message: ";
   size_t at = message.find(kMarker);
   return at == std::string::npos ? message : message.substr(at + kMarker.size());
+}
+
+void NoteCommitFailure(qcErrors& collection, const std::string& key, qcErrors& object, const ResponseStatus& status) {
+  collection.Add(err::kCommitFailed, key, err::kCommitFailedText);
+  if (status.code == 3100) object.Add(err::kDuplicateName, "Name", err::kDuplicateNameText);
+  else object.Add(err::kDatabaseOpenFailed, "QuickBooks: ", CutQuickBooksMessage(status.message));
 }
 
 XmlNodeList ResponsesOf(const XmlDocument& doc) { return doc.childNodes().item(1).childNodes().item(0).childNodes(); }
