@@ -250,5 +250,20 @@ TEST_F(DataExtTest, TheCompanyAndTransactionsHoldValuesToo) {
             3120);  // the value sits on the line, not on the invoice
 }
 
+TEST_F(DataExtTest, InvoiceQueriesAnswerTheValuesOfTheOwnersAskedFor) {
+  ASSERT_EQ(Send(DefAdd(kGuid, "Route", "STR255TYPE", To("Invoice"))).Status(), 0);
+  Response first = Send("<InvoiceQueryRq><MaxReturned>1</MaxReturned></InvoiceQueryRq>");
+  const std::string txnId = first.Value("InvoiceRet/TxnID");
+  ASSERT_NE(txnId, "<missing>");
+  ASSERT_EQ(Send(ValueRq("Add", kGuid, "Route", "<TxnDataExtType>Invoice</TxnDataExtType><TxnID>" + txnId + "</TxnID>", "North"))
+                .Status(),
+            0);
+  Response q = Send("<InvoiceQueryRq><TxnID>" + txnId + "</TxnID><IncludeLineItems>true</IncludeLineItems><OwnerID>" +
+                    kGuid + "</OwnerID></InvoiceQueryRq>");
+  EXPECT_EQ(q.Value("InvoiceRet/DataExtRet/DataExtValue"), "North");
+  EXPECT_EQ(Send("<InvoiceQueryRq><TxnID>" + txnId + "</TxnID></InvoiceQueryRq>").Value("InvoiceRet/DataExtRet"),
+            "<missing>");
+}
+
 }  // namespace
 }  // namespace tessaron::qbsim::testing
