@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "tessaron/connection/library_state.h"
+#include "tessaron/dataext/data_ext_owner.h"
 #include "tessaron/dataext/data_extension_definitions.h"
 #include "tessaron/dataext/data_extensions.h"
 #include "tessaron/foundation/error_numbers.h"
@@ -235,6 +236,31 @@ TEST(ValueCommit, TheCompanysApplicationFieldsGoOutAsOtherDataExtType) {
   EXPECT_TRUE(Contains(qb.processor().LastRequest(),
                        "<DataExtName>Licence</DataExtName><OtherDataExtType>Company</OtherDataExtType>"
                        "<DataExtValue>A-1</DataExtValue>"));
+  EXPECT_TRUE(qb.processor().AllRequestsValid());
+}
+
+// A line of an invoice, as a transaction line holds its values.
+class InvoiceLine final : public DataExtOwner {
+ public:
+  InvoiceLine() : DataExtOwner(qoObjectTypeInvoice) {}
+
+ protected:
+  std::string DataExtRecordId() const override { return "TXN-1"; }
+  std::string DataExtLineId() const override { return "LINE-7"; }
+};
+
+TEST(ValueCommit, ALinesValuesNameTheLineWhenChangedButNotWhenAdded) {
+  DataExtSession qb("3.0");
+  qb.LoadDefinitions();
+  InvoiceLine line;
+  line.CustomFields()->Item(Variant("Colour"))->SetValue(Variant("Blue"));
+  EXPECT_EQ(line.CommitCustomFields(), 0);
+  const std::string add = qb.processor().LastRequest();
+  EXPECT_TRUE(Contains(add, "<TxnDataExtType>Invoice</TxnDataExtType><TxnID>TXN-1</TxnID><DataExtValue>")) << add;
+  line.CustomFields()->Item(Variant("Colour"))->SetValue(Variant("Red"));
+  EXPECT_EQ(line.CommitCustomFields(), 0);
+  const std::string mod = qb.processor().LastRequest();
+  EXPECT_TRUE(Contains(mod, "<TxnID>TXN-1</TxnID><TxnLineID>LINE-7</TxnLineID><DataExtValue>Red")) << mod;
   EXPECT_TRUE(qb.processor().AllRequestsValid());
 }
 
