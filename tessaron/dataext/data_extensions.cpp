@@ -69,14 +69,18 @@ void DataExtensions::MarkModified() {
   if (state_ != qoObjectStateNew) state_ = qoObjectStateDirty;
 }
 
-std::shared_ptr<DataExtension> DataExtensions::Add(const std::string& Name) {
-  MarkModified();
+std::shared_ptr<DataExtension> DataExtensions::Insert(const std::string& Name) {
   auto value = std::make_shared<DataExtension>();
   value->name_ = Name;
   value->ownerType_ = ownerType_;
   value->ownerId_ = ownerId_;
   col_.Add(value, Name);
   return value;
+}
+
+std::shared_ptr<DataExtension> DataExtensions::Add(const std::string& Name) {
+  MarkModified();
+  return Insert(Name);
 }
 
 std::shared_ptr<DataExtensionDefinition> DataExtensions::DefinitionOf(const std::string& Name) const {
@@ -116,13 +120,9 @@ std::shared_ptr<DataExtension> DataExtensions::Item(const Variant& vntIndexKey) 
 
 std::shared_ptr<DataExtension> DataExtensions::ItemForReading(const std::string& Name, const std::string& typeText) {
   if (col_.Exists(Name)) return col_.Item(std::string_view(Name));
-  auto value = std::make_shared<DataExtension>();
-  value->name_ = Name;
-  value->ownerType_ = ownerType_;
-  value->ownerId_ = ownerId_;
+  auto value = Insert(Name);
   const int32_t type = typeText.empty() ? 0 : EnumXMLToCode(typeText, qoeDataExtDataTypes);
   value->dataType_ = type > 0 ? static_cast<qbEnumDataExtDataType>(type) : qbDataExtTypeSTR255TYPE;
-  col_.Add(value, Name);
   return value;
 }
 

@@ -72,6 +72,8 @@ class DataExtensions {
   // Raises 0x80040AF4 unless the definition is assigned to this owner's object type.
   void CheckAssignedTo(const DataExtensionDefinition& definition) const;
   void MarkModified();
+  // A value of this collection's owner under Name, kept under it; the state untouched.
+  std::shared_ptr<DataExtension> Insert(const std::string& Name);
   void WriteMember(xmlBldr& b, DataExtension& member, long position, int& written);
   void WriteTarget(xmlBldr& b, const DataExtension& member, bool withLine);
 

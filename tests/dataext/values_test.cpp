@@ -289,6 +289,16 @@ INSTANTIATE_TEST_SUITE_P(Entities, AppFieldsOfType,
                                            AppFieldsRow{"Vendor", qoObjectTypeCustomer, false},
                                            AppFieldsRow{"Invoice,Customer", qoObjectTypeCustomer, true}));
 
+TEST(ValueReading, EntitiesAskForTheApplicationsFieldsWhenAKindOfNameHasThem) {
+  DataExtSession qb("3.0", kAppGuid, "", DefRet(kAppGuid, "Visits", "INTTYPE", "Employee"));
+  qb.LoadDefinitions();
+  auto entities = qb.company()->Entities();
+  entities->SetIncludeDataExtensions(true);
+  entities->GetAll();
+  EXPECT_TRUE(Contains(qb.processor().LastRequest(), std::string("<OwnerID>0</OwnerID><OwnerID>") + kAppGuid))
+      << qb.processor().LastRequest();
+}
+
 TEST(CustomFieldNames, NamesFollowTheDefinitionsOfTheTypeAndAreReadOnce) {
   DataExtSession qb("3.0", kAppGuid,
                     DefRet("0", "Colour", "STR255TYPE", "Customer,Vendor") + DefRet("0", "Shelf", "STR255TYPE", "Item") +
