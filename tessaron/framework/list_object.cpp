@@ -151,9 +151,11 @@ void ListObject::SetIfChanged(std::string& field, const std::string& value, Curr
 Variant ListObject::FromDom(const XmlNode& obj) {
   for (const XmlNode& child : obj.childNodes()) {
     std::string_view tag = child.baseName();
-    if (auto* owner = dynamic_cast<DataExtOwner*>(this); owner && tag == "DataExtRet") {
-      owner->ReadDataExtRet(child);
-      continue;
+    if (tag == "DataExtRet") {
+      if (auto* owner = dynamic_cast<DataExtOwner*>(this)) {
+        owner->ReadDataExtRet(child);
+        continue;
+      }
     }
     const FieldDef* match = nullptr;
     for (const FieldDef& row : info_.fields) {
