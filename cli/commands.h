@@ -22,6 +22,7 @@ void AddListCommand(CLI::App& app, const GlobalOptions& global);
 void AddShowCommand(CLI::App& app, const GlobalOptions& global);
 // `report list` and `report run`.
 void AddReportCommand(CLI::App& app, const GlobalOptions& global);
+void AddFieldsCommand(CLI::App& app, const GlobalOptions& global);
 // `company show`, under the `company` command.
 void AddCompanyShowCommand(CLI::App& company, const GlobalOptions& global);
 

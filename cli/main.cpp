@@ -26,6 +26,7 @@ int main(int argc, char** argv) {
   tessaron::cli::AddListCommand(app, global);
   tessaron::cli::AddShowCommand(app, global);
   tessaron::cli::AddReportCommand(app, global);
+  tessaron::cli::AddFieldsCommand(app, global);
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& e) {

@@ -5,6 +5,7 @@
 
 #include <sqlite3.h>
 
+#include "qbsim/data_ext_store.h"
 #include "qbsim/ledger.h"
 #include "qbsim/status.h"
 #include "qbsim/values.h"
@@ -119,6 +120,8 @@ std::shared_ptr<CompanyFile> CompanyFile::Open(const std::string& path, const st
     CannotOpen(path, "the file was written in a newer format (" + std::to_string(format) +
                          ") than this processor reads (" + std::to_string(kFormatVersion) + ")");
   Configure(*db);
+  // Data extensions came within format 2: a file without their tables gets them empty.
+  CreateDataExtTables(*db);
   if (format < kFormatVersion) {
     // Files of the first format have no ledger yet: it starts empty.
     SqlTransaction tx(*db);

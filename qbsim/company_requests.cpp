@@ -1,6 +1,7 @@
 // The host record, the company record, the preferences, the company activity and the
 // requests that show a QuickBooks form.
 #include "qbsim/common_fields.h"
+#include "qbsim/data_ext_store.h"
 #include "qbsim/record_writer.h"
 #include "qbsim/request_context.h"
 #include "qbsim/request_table.h"
@@ -94,13 +95,16 @@ RecordRow StoredRecord(const std::string& body) {
 }
 
 // The company record and the preferences: stored fields answered through their table.
-// CompanyQueryRq may carry OwnerID (the application's, or "0") to ask for custom fields;
-// none are on file yet.
+// CompanyQueryRq may carry OwnerID (the application's, or "0") to ask for the company's
+// data extensions, filed under the empty record id.
 RequestHandler StoredRecordAnswer(const char* retTag, const char* metaKey, std::span<const Field> fields) {
-  return [=](RequestContext& ctx, const pugi::xml_node&, XmlOut& out) {
+  return [=](RequestContext& ctx, const pugi::xml_node& rq, XmlOut& out) {
     std::string body = ctx.file.Meta(metaKey);
+    std::vector<std::string> owners;
+    for (pugi::xml_node o = rq.child("OwnerID"); o; o = o.next_sibling("OwnerID")) owners.push_back(CanonicalOwner(o.text().get()));
     out.Open(retTag);
     RecordWriter(ctx).WriteFields(out, fields, StoredRecord(body));
+    WriteDataExtRets(ctx.file, out, "", owners);
     out.Close(retTag);
     return status::Ok();
   };

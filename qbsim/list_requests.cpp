@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <vector>
 
+#include "qbsim/data_ext_store.h"
 #include "qbsim/ledger.h"
 #include "qbsim/ledger_balances.h"
 #include "qbsim/record_reader.h"
@@ -30,6 +31,7 @@ struct QueryRequest {
   int64_t balanceAmount = 0;
   std::vector<std::string> accountTypes;
   std::string doneStatus;
+  std::vector<std::string> dataExtOwners;  // OwnerID: whose data extensions to answer
 };
 
 bool TextMatches(std::string_view fullName, const std::string& criterion, const std::string& name) {
@@ -105,7 +107,7 @@ Status ReadQuery(RequestContext& ctx, const pugi::xml_node& request, QueryReques
       if (!v || v->empty()) return status::BadValue("DoneStatus", text);
       q.doneStatus = *v;
     } else if (tag == "OwnerID") {
-      // No custom fields are on file, so there is nothing to add for an owner.
+      q.dataExtOwners.push_back(CanonicalOwner(text));
     } else if (ctx.Strict()) {
       return status::NotSupported("The element " + std::string(tag) + " in " + request.name());
     }
@@ -155,7 +157,7 @@ Status Query(RequestContext& ctx, std::vector<const ListKind*> kinds, const pugi
     for (const std::string& id : q.listIds) {
       auto rec = ctx.store.ByListId(id);
       if (rec && kindOf(rec->kind)) {
-        if (limit == 0 || written < limit) writer.WriteRet(out, *kindOf(rec->kind), rec->View()), ++written;
+        if (limit == 0 || written < limit) writer.WriteRet(out, *kindOf(rec->kind), rec->View(), q.dataExtOwners), ++written;
       } else if (missing.empty()) {
         missing = id, missingElement = "ListID";
       }
@@ -163,7 +165,7 @@ Status Query(RequestContext& ctx, std::vector<const ListKind*> kinds, const pugi
     for (const std::string& name : q.fullNames) {
       auto recs = ctx.store.ByFullName(std::span<const std::string>(q.selection.kinds), name);
       for (const ListRecord& rec : recs)
-        if (limit == 0 || written < limit) writer.WriteRet(out, *kindOf(rec.kind), rec.View()), ++written;
+        if (limit == 0 || written < limit) writer.WriteRet(out, *kindOf(rec.kind), rec.View(), q.dataExtOwners), ++written;
       if (recs.empty() && missing.empty()) missing = name, missingElement = "FullName";
     }
     if (!missing.empty()) return status::NotFoundByKey(missingElement, missing);
@@ -176,7 +178,7 @@ Status Query(RequestContext& ctx, std::vector<const ListKind*> kinds, const pugi
   FieldView fields;
   ctx.store.Select(q.selection, [&](const RecordRow& row) {
     if (inner && !Accepts(ctx, q, row, fields)) return true;
-    writer.WriteRet(out, *kindOf(row.kind), row);
+    writer.WriteRet(out, *kindOf(row.kind), row, q.dataExtOwners);
     ++written;
     return limit == 0 || written < limit;
   });

@@ -1,5 +1,6 @@
 #include "qbsim/record_writer.h"
 
+#include "qbsim/data_ext_store.h"
 #include "qbsim/request_context.h"
 
 namespace tessaron::qbsim {
@@ -19,9 +20,11 @@ void Indexed(std::string& path, size_t base, const char* tag, int i) {
 }
 }  // namespace
 
-void RecordWriter::WriteRet(XmlOut& out, const ListKind& kind, const RecordRow& row) {
+void RecordWriter::WriteRet(XmlOut& out, const ListKind& kind, const RecordRow& row,
+                            std::span<const std::string> dataExtOwners) {
   out.Open(kind.retTag);
   WriteFields(out, kind.fields, row);
+  WriteDataExtRets(ctx_.file, out, row.listId, dataExtOwners);
   out.Close(kind.retTag);
 }
 

@@ -17,8 +17,10 @@ class RecordWriter {
  public:
   explicit RecordWriter(RequestContext& ctx) : ctx_(ctx) {}
 
-  // The whole …Ret of a list record.
-  void WriteRet(XmlOut& out, const ListKind& kind, const RecordRow& row);
+  // The whole …Ret of a list record, ending in the values of the data extensions of those
+  // owners.
+  void WriteRet(XmlOut& out, const ListKind& kind, const RecordRow& row,
+                std::span<const std::string> dataExtOwners = {});
   // The fields of a table alone, from a record's stored fields (the company record, the preferences).
   void WriteFields(XmlOut& out, std::span<const Field> fields, const RecordRow& row);
 

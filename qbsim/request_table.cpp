@@ -9,6 +9,7 @@ const RequestTable& RequestTable::Instance() {
     RegisterListRequests(t);
     RegisterTxnRequests(t);
     RegisterReportRequests(t);
+    RegisterDataExtRequests(t);
     return t;
   }();
   return table;

@@ -44,5 +44,6 @@ void RegisterListRequests(RequestTable& table);
 void RegisterCompanyRequests(RequestTable& table);
 void RegisterTxnRequests(RequestTable& table);
 void RegisterReportRequests(RequestTable& table);
+void RegisterDataExtRequests(RequestTable& table);
 
 }  // namespace tessaron::qbsim

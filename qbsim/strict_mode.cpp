@@ -113,6 +113,14 @@ const Tolerance kTolerances[] = {
        for (const char* kind : {"JobReportQueryRq", "TimeReportQueryRq"})
          for (Node rq : Elements(rqs, kind)) rq.remove_child("ReportBasis");
      }},
+    {"Clearing a data extension value names the application's GUID as owner, which is empty when no GUID is "
+     "registered; the delete is then taken as one of a custom field.",
+     [](Node rqs) {
+       for (Node rq : Elements(rqs, "DataExtDelRq"))
+         for (Node del : Elements(rq, "DataExtDel"))
+           if (Node owner = del.child("OwnerID"); owner && std::string_view(owner.text().get()).empty())
+             owner.text().set("0");
+     }},
     {"A vendor add writes Notes before AccountNumber.",
      [](Node rqs) {
        for (Node rq : Elements(rqs, "VendorAddRq"))

@@ -6,6 +6,7 @@
 #include <sstream>
 
 #include "qbsim/company_records.h"
+#include "qbsim/data_ext_store.h"
 #include "qbsim/date_range.h"
 #include "qbsim/record_reader.h"
 #include "qbsim/record_writer.h"
@@ -146,6 +147,7 @@ void WriteLineRet(RecordWriter& writer, XmlOut& out, const char* tag, const char
 struct RetOptions {
   bool lines = true;
   std::set<std::string> only;  // IncludeRetElement: empty = all
+  std::vector<std::string> dataExtOwners;  // OwnerID: whose data extensions to answer
 };
 
 void WriteRet(RequestContext& ctx, const TxnKind& kind, const TxnDocument& doc, XmlOut& out, const RetOptions& o) {
@@ -169,6 +171,7 @@ void WriteRet(RequestContext& ctx, const TxnKind& kind, const TxnDocument& doc, 
       WriteLineRet(writer, ret, l.isGroup ? group.c_str() : line.c_str(), line.c_str(),
                    l.isGroup ? SalesGroupLineFields() : SalesLineFields(), l);
   }
+  WriteDataExtRets(ctx.file, ret, doc.record.txnId, o.dataExtOwners);
   ret.Close(kind.retTag);
   if (o.only.empty()) {
     out.Raw(ret.Str());
@@ -386,8 +389,10 @@ Status Query(RequestContext& ctx, const TxnKind& kind, const pugi::xml_node& req
       options.lines = Canonical(ValueType::Bool, text).value_or("") == "true";
     } else if (tag == "IncludeRetElement") {
       options.only.insert(text);
-    } else if (tag == "IncludeLinkedTxns" || tag == "OwnerID" || tag == "CurrencyFilter") {
-      // No payments link to documents yet and no custom fields are on file: nothing to add.
+    } else if (tag == "OwnerID") {
+      options.dataExtOwners.push_back(CanonicalOwner(text));
+    } else if (tag == "IncludeLinkedTxns" || tag == "CurrencyFilter") {
+      // No payments link to documents yet: nothing to add.
     } else if (ctx.Strict()) {
       return status::NotSupported("The element " + std::string(tag) + " in " + request.name());
     }

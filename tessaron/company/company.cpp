@@ -3,6 +3,9 @@
 #include <string_view>
 
 #include "tessaron/connection/library_state.h"
+#include "tessaron/dataext/data_ext_owner.h"
+#include "tessaron/dataext/data_extension_definitions.h"
+#include "tessaron/dataext/data_extensions.h"
 #include "tessaron/foundation/enumerations.h"
 #include "tessaron/foundation/error_numbers.h"
 #include "tessaron/foundation/qc_error.h"
@@ -105,7 +108,8 @@ void Company::FromDom(const XmlNode& node) {
       else if (tag == "TaxForm") taxForm_ = field.text();
       else if (tag == "EIN") ein_ = field.text();
       else if (tag == "IsSampleCompany") isSampleCompany_ = BooleanFromText(field.text());
-      else if (tag == "DataExtRet") continue;  // the company's custom fields are not read yet
+      // The company carries only application fields; public ones have nowhere to go.
+      else if (tag == "DataExtRet") ReadDataExtRet(field, nullptr, CompanyApplicationFields().get());
       else NoteUnknownElement(tag, "Companies");
     }
   }
@@ -123,25 +127,55 @@ std::string Company::DefaultAccount(std::string& cache, qbEnumAccountType type) 
 std::string Company::DefaultARAccount() { return DefaultAccount(defaultARAccount_, qbAccountTypeAccountsReceivable); }
 std::string Company::DefaultAPAccount() { return DefaultAccount(defaultAPAccount_, qbAccountTypeAccountsPayable); }
 std::string Company::DefaultBankAccount() { return DefaultAccount(defaultBankAccount_, qbAccountTypeBank); }
-std::shared_ptr<DataExtensionDefinitions> Company::CustomFields() { NotAvailable("CustomFields"); }
-std::shared_ptr<DataExtensionDefinitions> Company::ApplicationFields() { NotAvailable("ApplicationFields"); }
-std::shared_ptr<DataExtensions> Company::CompanyApplicationFields() { NotAvailable("CompanyApplicationFields"); }
 
-Date Company::ActivityTime(long position) {
+// ---- Data extensions -----------------------------------------------------------------------
+
+std::shared_ptr<DataExtensionDefinitions> Company::CustomFields() {
+  if (!customFields_) {
+    customFields_ = std::make_shared<DataExtensionDefinitions>();
+    customFields_->SetMasterOf("0");
+    customFields_->GetByOwner("0");
+  }
+  return customFields_;
+}
+
+std::shared_ptr<DataExtensionDefinitions> Company::ApplicationFields() {
+  if (!applicationFields_) {
+    const std::string& guid = State().DataExtensionsGUID;
+    applicationFields_ = std::make_shared<DataExtensionDefinitions>();
+    applicationFields_->SetMasterOf(guid);
+    if (!guid.empty()) applicationFields_->GetByOwner(guid);
+  }
+  return applicationFields_;
+}
+
+std::shared_ptr<DataExtensions> Company::CompanyApplicationFields() {
+  if (!companyApplicationFields_) companyApplicationFields_ = std::make_shared<DataExtensions>();
+  companyApplicationFields_->SetOwnerType(qoObjectTypeCompany);
+  companyApplicationFields_->SetOwnerId(State().DataExtensionsGUID);
+  return companyApplicationFields_;
+}
+
+int32_t Company::SaveApplicationFields() { return CompanyApplicationFields()->Commit("", "Company"); }
+
+// ---- Activity ----------------------------------------------------------------------------
+
+Date Company::ActivityTime(std::string_view name) {
   Errors()->Clear();
   xmlBldr b;
   b.NewClear();
   b.OpenAggregateOnly("CompanyActivityQueryRq");
   b.EndAggregate();
   XmlDocument doc = b.NewSendRequest();
-  // The fields are read by position: LastRestoreTime, then LastCondenseTime.
+  // By name: a company condensed but never restored answers LastCondenseTime alone.
   XmlNode ret = doc.childNodes().item(1).childNodes().item(0).childNodes().item(0).childNodes().item(0);
-  XmlNode field = ret.childNodes().item(position);
-  return DateFromText(field.IsNull() ? std::string() : field.text());
+  for (const XmlNode& field : ret.childNodes())
+    if (field.baseName() == name) return DateFromText(field.text());
+  return DateFromText(std::string());
 }
 
-Date Company::LastRestoreTime() { return ActivityTime(0); }
-Date Company::LastCondenseTime() { return ActivityTime(1); }
+Date Company::LastRestoreTime() { return ActivityTime("LastRestoreTime"); }
+Date Company::LastCondenseTime() { return ActivityTime("LastCondenseTime"); }
 
 // ---- Operations --------------------------------------------------------------------------
 

@@ -45,6 +45,8 @@ namespace detail {
 class ListObjectAccess;
 }
 
+class DataExtensionDefinitions;
+class DataExtensions;
 class qcErrors;
 class xmlBldr;
 // Not part of the library yet.
@@ -54,8 +56,6 @@ class Checks;
 class CreditCardCharges;
 class CreditCardCredits;
 class CreditMemos;
-class DataExtensionDefinitions;
-class DataExtensions;
 class Deposits;
 class Employees;
 class Estimates;
@@ -119,8 +119,12 @@ class Company {
   std::shared_ptr<tessaron::Lists> Lists() const { return lists_; }
   // What ValidateAll and the activity queries found.
   std::shared_ptr<qcErrors> Errors();
+  // The definitions of the public custom fields (owner "0"), read on first use and kept.
   std::shared_ptr<DataExtensionDefinitions> CustomFields();
+  // The definitions of the application's own fields (owner: the GUID registered with
+  // RegisterDataExtensionsGUID); read on first use when a GUID is registered, and kept.
   std::shared_ptr<DataExtensionDefinitions> ApplicationFields();
+  // The values of the application's fields on the company itself.
   std::shared_ptr<DataExtensions> CompanyApplicationFields();
 
   // ---- The master collections ---------------------------------------------------------------
@@ -171,10 +175,10 @@ class Company {
   std::shared_ptr<tessaron::ItemReceipts> ItemReceipts();
 
   // ---- Operations ---------------------------------------------------------------------------
-  // Saves the company's own application fields; the collections commit themselves. There
-  // are no application fields yet, so it saves nothing and returns 0.
+  // Saves the company's own application fields; the collections commit themselves.
   int32_t Commit() { return SaveApplicationFields(); }
-  int32_t SaveApplicationFields() { return 0; }
+  // Sends the changed values of CompanyApplicationFields; returns the number of errors.
+  int32_t SaveApplicationFields();
   // Validates every registered list, adding 0x800403F3 with the list's key to Errors for
   // each that fails; goes on through all of them. Transactions are not validated here.
   bool ValidateAll();
@@ -189,7 +193,7 @@ class Company {
   // company query (CompanyQueryRs): the fields of each record it holds.
   friend class detail::ListObjectAccess;
   void FromDom(const XmlNode& node);
-  Date ActivityTime(long position);
+  Date ActivityTime(std::string_view field);
   std::string DefaultAccount(std::string& cache, qbEnumAccountType type);
 
   std::string name_;
@@ -239,6 +243,9 @@ class Company {
   std::shared_ptr<tessaron::PayrollItemNonWages> payrollItemNonWages_;
   std::shared_ptr<tessaron::Templates> templates_;
   std::shared_ptr<tessaron::Invoices> invoices_;
+  std::shared_ptr<DataExtensionDefinitions> customFields_;
+  std::shared_ptr<DataExtensionDefinitions> applicationFields_;
+  std::shared_ptr<DataExtensions> companyApplicationFields_;
 };
 
 // Makes `company` the company of the session: the library state's CurrentCompany, and its

@@ -4,24 +4,24 @@
 #include <string_view>
 
 #include "tessaron/connection/library_state.h"
+#include "tessaron/dataext/data_ext_owner.h"
+#include "tessaron/dataext/data_extensions.h"
 #include "tessaron/foundation/enum_codes.h"
 #include "tessaron/foundation/enumerations.h"
 #include "tessaron/foundation/error_numbers.h"
 #include "tessaron/foundation/qc_error.h"
 #include "tessaron/foundation/values.h"
 #include "tessaron/framework/query_mirror.h"
+#include "tessaron/framework/response_status.h"
 #include "tessaron/messaging/xml_bldr.h"
 #include "tessaron/platform/error.h"
 #include "tessaron/framework/detail/list_object_access.h"
-#include "tessaron/framework/detail/response_reading.h"
 
 namespace tessaron {
 
 namespace {
 
-using detail::ReadResponseStatus;
-using detail::Responses;
-using detail::ResponseStatus;
+XmlNodeList Responses(const XmlDocument& doc) { return ResponsesOf(doc); }
 
 constexpr std::string_view kQuickBooksPrefix = "QuickBooks error message: ";
 
@@ -349,12 +349,36 @@ int32_t ListCollectionBase::Commit(const std::shared_ptr<ListObject>& Member) {
     for (auto& [node, obj] : matched) ResponseStep(node, obj);
   }
   OnCommitEnd(Member);
+  SaveDataExtensionsAfterCommit(Member);
 
   if (State().ErrorMode) {
     if (errors->Count() > 0) throw Error(err::kCommitErrors, info_.className, err::kCommitErrorsText);
     if (commitBldr.ErrNumber() != 0) throw Error(commitBldr.ErrNumber(), info_.className, commitBldr.ErrMsg());
   }
   return static_cast<int32_t>(errors->Count());
+}
+
+void ListCollectionBase::SaveDataExtensionsAfterCommit(const std::shared_ptr<ListObject>& Member) {
+  // QuickBooks keeps extension values outside the record: they follow in requests of their
+  // own, from qbXML 2.0 on, for records that are on file. A failed save is told in the
+  // values' Errors and counted here; it never touches the record.
+  if (State().QBXMLVersionNumber < Currency(2)) return;
+  auto save = [this](ListObject& obj) {
+    auto* owner = dynamic_cast<DataExtOwner*>(&obj);
+    if (!owner || obj.ListID().empty()) return;
+    try {
+      owner->SaveDataExtensions(obj.ListID());
+    } catch (const Error&) {
+    }
+    // Either save may have failed, whatever the result of the last one says.
+    if (owner->CustomFields()->Errors()->Count() + owner->ApplicationFields()->Errors()->Count() > 0)
+      Errors()->Add(err::kCommitFailed, obj.CollectionKey(), err::kCommitFailedText);
+  };
+  if (Member) {
+    save(*Member);
+    return;
+  }
+  for (long i = 1; i <= mCol_.Count(); ++i) save(*mCol_.Item(i));
 }
 
 void ListCollectionBase::RequestStep(xmlBldr& b, ListObject& obj, int16_t requestId, int& added) {

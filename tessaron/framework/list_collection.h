@@ -192,6 +192,8 @@ class ListCollectionBase : public qcList {
   // look the parent up through this very collection, and a lookup clears Errors first.
   bool ValidateMember(ListObject& obj);
   void RequestStep(xmlBldr& b, ListObject& obj, int16_t requestId, int& added);
+  // The data extension values of Member, or of every record, after the records went out.
+  void SaveDataExtensionsAfterCommit(const std::shared_ptr<ListObject>& Member);
   int32_t ResponseStep(const XmlNode& node, const std::shared_ptr<ListObject>& obj);
 
   const ListCollectionInfo info_;  // a few words; each instance keeps its copy

@@ -1,6 +1,7 @@
 #include "tessaron/framework/list_object.h"
 
 #include "tessaron/connection/library_state.h"
+#include "tessaron/dataext/data_ext_owner.h"
 #include "tessaron/foundation/enumerations.h"
 #include "tessaron/foundation/error_numbers.h"
 #include "tessaron/foundation/qc_error.h"
@@ -84,6 +85,12 @@ void ListObject::SetIfChanged(std::string& field, const std::string& value, Curr
 Variant ListObject::FromDom(const XmlNode& obj) {
   for (const XmlNode& child : obj.childNodes()) {
     std::string_view tag = child.baseName();
+    if (tag == "DataExtRet") {
+      if (auto* owner = dynamic_cast<DataExtOwner*>(this)) {
+        owner->ReadDataExtRet(child);
+        continue;
+      }
+    }
     if (const FieldDef* match = detail::FindRow(info_.fields, tag)) {
       detail::ReadRow(*match, *this, child);
     } else if (tag == "UserData") {

@@ -89,7 +89,7 @@ const ListClassInfo& Account::Info() {
   return info;
 }
 
-Account::Account() : ListObject(Info()) {}
+Account::Account() : ListObject(Info()), DataExtOwner(qoObjectTypeAccount) {}
 
 void Account::SetAccountType(qbEnumAccountType value) { Store(accountType_, value, false); }
 void Account::SetNumber(const std::string& value) { Store(number_, value, false); }

@@ -12,6 +12,7 @@
 #include <memory>
 #include <string>
 
+#include "tessaron/dataext/data_ext_owner.h"
 #include "tessaron/foundation/enum_codes.h"
 #include "tessaron/framework/list_collection.h"
 #include "tessaron/framework/list_object.h"
@@ -20,7 +21,7 @@
 
 namespace tessaron {
 
-class Account final : public ListObject {
+class Account final : public ListObject, public DataExtOwner {
  public:
   Account();
 
@@ -55,6 +56,9 @@ class Account final : public ListObject {
 
   // Balance plus the balances of all sub-accounts, at every depth (found through Children).
   Currency RollUpBalances();
+
+ protected:
+  std::string DataExtRecordId() const override { return ListID(); }
 
  private:
   static const ListClassInfo& Info();

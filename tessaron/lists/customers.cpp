@@ -201,14 +201,6 @@ int32_t Customers::ListGetByActiveStatus(int32_t ActiveStatus, int32_t, int32_t,
   return static_cast<int32_t>(count);
 }
 
-const std::vector<std::string>& Customers::CustomFieldNames() {
-  if (!customFieldNamesRead_) {
-    customFieldNames_.assign(7, std::string());
-    customFieldNamesRead_ = true;
-  }
-  return customFieldNames_;
-}
-
 // ---- Keys ------------------------------------------------------------------------------
 
 void Customers::AddKeyed(const std::shared_ptr<ListObject>& obj) {

@@ -20,6 +20,7 @@
 #include <string>
 #include <vector>
 
+#include "tessaron/dataext/custom_field_names.h"
 #include "tessaron/foundation/enum_codes.h"
 #include "tessaron/framework/list_collection.h"
 #include "tessaron/lists/customer.h"
@@ -79,8 +80,8 @@ class Customers final : public ListCollection<Customer> {
   bool IncludeDataExtensions() const { return IncludeDataExt(); }
   void SetIncludeDataExtensions(bool value) { SetIncludeDataExt(value); }
   // The names of the custom fields defined for customers, positions 1 to 7 (index 0 to
-  // 6). No definitions are read yet, so all seven are empty.
-  const std::vector<std::string>& CustomFieldNames();
+  // 6), read once from Company.CustomFields.
+  const std::vector<std::string>& CustomFieldNames() { return customFieldNames_.Of(qoObjectTypeCustomer); }
 
   // ---- Beside the master -----------------------------------------------------------------
   // Puts a customer held elsewhere into this instance; returns the new Count. Not on the
@@ -118,8 +119,7 @@ class Customers final : public ListCollection<Customer> {
   std::vector<std::function<void(const std::shared_ptr<Customers>&)>> customersChanged_;
   std::shared_ptr<Customers> committed_;
   std::vector<std::string> activeStatusNames_;  // what ListGetByActiveStatus found
-  std::vector<std::string> customFieldNames_;
-  bool customFieldNamesRead_ = false;
+  tessaron::CustomFieldNames customFieldNames_;
 };
 
 }  // namespace tessaron

@@ -10,7 +10,9 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <vector>
 
+#include "tessaron/dataext/custom_field_names.h"
 #include "tessaron/framework/list_collection.h"
 #include "tessaron/lists/employee.h"
 
@@ -37,6 +39,12 @@ class Employees final : public ListCollection<Employee> {
   // Whether queries ask for the custom fields of each record (from qbXML 2.0 on).
   bool IncludeDataExtensions() const { return IncludeDataExt(); }
   void SetIncludeDataExtensions(bool value) { SetIncludeDataExt(value); }
+  // The names of the custom fields defined for employees, positions 1 to 7 (index 0 to 6),
+  // read once from Company.CustomFields.
+  const std::vector<std::string>& CustomFieldNames() { return customFieldNames_.Of(qoObjectTypeEmployee); }
+
+ private:
+  tessaron::CustomFieldNames customFieldNames_;
 };
 
 }  // namespace tessaron

@@ -31,6 +31,10 @@ class Entities final : public ListCollection<ListObject> {
   // The kind of the last record found, compared by SalesRep validation. Nothing in the
   // library sets it, so it stays 0.
   int32_t EntityKind() const { return mEntityKind_; }
+  // Whether queries ask for the custom fields of each record (from qbXML 2.0 on), and for
+  // the application's fields when one of its definitions is for a kind of name.
+  bool IncludeDataExtensions() const { return IncludeDataExt(); }
+  void SetIncludeDataExtensions(bool value) { SetIncludeDataExt(value); }
 
  protected:
   std::shared_ptr<ListObject> NewObject(const XmlNode& ret) override;

@@ -10,9 +10,10 @@
 #include <string>
 #include <vector>
 
-#include "tessaron/framework/detail/list_object_access.h"
+#include "tessaron/dataext/data_ext_owner.h"
 #include "tessaron/foundation/error_numbers.h"
 #include "tessaron/foundation/qc_error.h"
+#include "tessaron/framework/detail/list_object_access.h"
 #include "tessaron/framework/list_object.h"
 #include "tessaron/lists/address.h"
 
@@ -25,7 +26,7 @@ struct detail_member_owner<T O::*> {
   using type = O;
 };
 
-class EntityObject : public ListObject {
+class EntityObject : public ListObject, public DataExtOwner {
  public:
   const std::string& CompanyName() const { return companyName_; }
   void SetCompanyName(const std::string& value) { StoreContact(companyName_, value); }
@@ -86,7 +87,8 @@ class EntityObject : public ListObject {
   };
 
  protected:
-  using ListObject::ListObject;
+  explicit EntityObject(const ListClassInfo& info) : ListObject(info), DataExtOwner(info.objectType) {}
+  std::string DataExtRecordId() const override { return ListID(); }
 
   // The field rule of the contact setters: by default a stored object turns Dirty.
   virtual void GuardContactField() { CheckField(false); }

@@ -7,8 +7,9 @@
 #include <memory>
 #include <string>
 
-#include "tessaron/framework/detail/list_object_access.h"
+#include "tessaron/dataext/data_ext_owner.h"
 #include "tessaron/foundation/enum_codes.h"
+#include "tessaron/framework/detail/list_object_access.h"
 #include "tessaron/framework/list_object.h"
 #include "tessaron/lists/item_records.h"
 #include "tessaron/lists/qc_item.h"
@@ -16,7 +17,7 @@
 
 namespace tessaron {
 
-class ItemObject : public ListObject, public qcItem {
+class ItemObject : public ListObject, public qcItem, public DataExtOwner {
  public:
   qbEnumItemType ItemType() const override { return itemType_; }
 
@@ -77,7 +78,9 @@ class ItemObject : public ListObject, public qcItem {
                        const char* message, bool onlyIfSet);
 
  protected:
-  ItemObject(const ListClassInfo& info, qbEnumItemType itemType) : ListObject(info), itemType_(itemType) {}
+  ItemObject(const ListClassInfo& info, qbEnumItemType itemType)
+      : ListObject(info), DataExtOwner(info.objectType), itemType_(itemType) {}
+  std::string DataExtRecordId() const override { return ListID(); }
   // The class info of an item class: list type Items, keyed by full name; `tree` for the
   // kinds that have parents.
   static ListClassInfo ItemClass(const char* className, qoEnumListObjectType objectType, bool tree,

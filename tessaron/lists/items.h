@@ -13,7 +13,9 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <vector>
 
+#include "tessaron/dataext/custom_field_names.h"
 #include "tessaron/foundation/enum_codes.h"
 #include "tessaron/framework/list_collection.h"
 #include "tessaron/lists/item_object.h"
@@ -134,6 +136,9 @@ class Items final : public ListCollection<ItemObject> {
   // Whether queries ask for the custom fields of each record (from qbXML 2.0 on).
   bool IncludeDataExtensions() const { return IncludeDataExt(); }
   void SetIncludeDataExtensions(bool value) { SetIncludeDataExt(value); }
+  // The names of the custom fields defined for items, positions 1 to 7 (index 0 to 6),
+  // read once from Company.CustomFields.
+  const std::vector<std::string>& CustomFieldNames() { return customFieldNames_.Of(qoObjectTypeItem); }
 
  protected:
   // The class of each `...Ret`; an unknown one raises "Unknown Item".
@@ -146,6 +151,7 @@ class Items final : public ListCollection<ItemObject> {
   }
 
  private:
+  tessaron::CustomFieldNames customFieldNames_;
   template <class T>
   std::shared_ptr<T> AddItem(const std::string& Name, const std::string& Parent, bool IsActive);
   template <class T>

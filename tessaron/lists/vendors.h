@@ -14,6 +14,7 @@
 #include <string>
 #include <vector>
 
+#include "tessaron/dataext/custom_field_names.h"
 #include "tessaron/framework/list_collection.h"
 #include "tessaron/lists/vendor.h"
 
@@ -58,11 +59,15 @@ class Vendors final : public ListCollection<Vendor> {
   // Whether queries ask for the custom fields of each record (from qbXML 2.0 on).
   bool IncludeDataExtensions() const { return IncludeDataExt(); }
   void SetIncludeDataExtensions(bool value) { SetIncludeDataExt(value); }
+  // The names of the custom fields defined for vendors, positions 1 to 7 (index 0 to 6),
+  // read once from Company.CustomFields.
+  const std::vector<std::string>& CustomFieldNames() { return customFieldNames_.Of(qoObjectTypeVendor); }
 
  protected:
   void WriteQueryTail(xmlBldr& b) override;
 
  private:
+  tessaron::CustomFieldNames customFieldNames_;
   // The balance filter of the query under way.
   struct BalanceScope {
     BalanceScope(Vendors& v, int32_t op, Currency amount) : v_(v) {

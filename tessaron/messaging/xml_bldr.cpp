@@ -6,7 +6,9 @@
 #include <fstream>
 #include <iterator>
 
+#include "tessaron/company/company.h"
 #include "tessaron/connection/library_state.h"
+#include "tessaron/dataext/data_extension_definitions.h"
 #include "tessaron/foundation/enumerations.h"
 #include "tessaron/foundation/values.h"
 #include "tessaron/framework/qc_base.h"
@@ -123,8 +125,18 @@ std::string EscapeValue(std::string_view value) {
 }
 
 bool ObjectTypeHasAppFields(qoEnumListObjectType objectType) {
-  // The application-defined field definitions (and the types each is assigned to) are
-  // read with the company record; until the company carries them there are none to walk.
+  const std::shared_ptr<Company>& company = State().CurrentCompany;
+  if (!company) return false;
+  for (const auto& definition : company->ApplicationFields()->NewEnum()) {
+    for (int32_t assigned : definition->AssignedTos().Types()) {
+      // The entity list holds the four kinds of names.
+      if (objectType == qoObjectTypeEntity
+              ? (assigned == qoObjectTypeVendor || assigned == qoObjectTypeOtherName ||
+                 assigned == qoObjectTypeEmployee || assigned == qoObjectTypeCustomer)
+              : assigned == objectType)
+        return true;
+    }
+  }
   return false;
 }
 

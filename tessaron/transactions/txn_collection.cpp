@@ -6,7 +6,7 @@
 #include "tessaron/foundation/error_numbers.h"
 #include "tessaron/foundation/qc_error.h"
 #include "tessaron/foundation/values.h"
-#include "tessaron/framework/detail/response_reading.h"
+#include "tessaron/framework/response_status.h"
 #include "tessaron/framework/query_mirror.h"
 #include "tessaron/messaging/xml_bldr.h"
 #include "tessaron/platform/error.h"
@@ -100,7 +100,7 @@ int32_t TxnCollectionBase::AfterSend(const XmlDocument& doc, const std::string& 
     Errors()->Add(b.ErrNumber(), "", b.ErrMsg());
     return static_cast<int32_t>(Count());
   }
-  XmlNode queryRs = detail::Responses(doc).item(0);
+  XmlNode queryRs = ResponsesOf(doc).item(0);
   if (!sMDBPath.empty()) {
     HandToMirror(queryRs, sMDBPath, info_.mirrorObjectName);
     return static_cast<int32_t>(Count());
@@ -282,7 +282,7 @@ Variant TxnCollectionBase::GetMeBase(TxnObject& obj) {
     Errors()->Add(b.ErrNumber(), "", b.ErrMsg());
     return Variant();
   }
-  XmlNode ret = detail::Responses(doc).item(0).childNodes().item(0);
+  XmlNode ret = ResponsesOf(doc).item(0).childNodes().item(0);
   if (ret.IsNull()) return Variant();
   return obj.FromDom(ret);
 }
@@ -420,12 +420,12 @@ void TxnCollectionBase::WithOlderSession(const std::function<void()>& step) {
 }
 
 void TxnCollectionBase::ReadCommitResponses(const XmlDocument& doc) {
-  for (const XmlNode& node : detail::Responses(doc)) ReadCommitResponse(node);
+  for (const XmlNode& node : ResponsesOf(doc)) ReadCommitResponse(node);
   KeyCommitted();
 }
 
 void TxnCollectionBase::ReadCommitResponse(const XmlNode& node) {
-  const detail::ResponseStatus status = detail::ReadResponseStatus(node);
+  const ResponseStatus status = ReadResponseStatus(node);
   if (status.requestId < 1 || status.requestId > mCol_.Count()) return;
   std::shared_ptr<TxnObject> obj = mCol_.Item(status.requestId);
   if (status.code != 0) {

@@ -150,11 +150,39 @@ TEST_F(TessaronCommand, ListCustomersAsATreeWithTheBalanceFilter) {
 
 TEST_F(TessaronCommand, EveryCommandHasHelp) {
   for (const char* args : {"--help", "company --help", "company create --help", "company show --help", "send --help",
-                           "host --help", "demo --help", "version --help", "list --help"}) {
+                           "host --help", "demo --help", "version --help", "list --help", "fields --help",
+                           "fields list --help", "fields define --help", "fields set --help"}) {
     Outcome r = Tessaron(args, dir_);
     EXPECT_EQ(r.exitCode, 0) << args;
     EXPECT_NE(r.out.find("Usage"), std::string::npos) << args;
   }
+}
+
+TEST_F(TessaronCommand, FieldsDefinesCustomAndApplicationFieldsAndSetsTheirValues) {
+  const std::string app = " --app {6B063959-81B0-4622-85D6-F548C8CCB517} --company " + company_;
+  Outcome colour = Tessaron("fields define Colour --for Customer,Vendor --company " + company_, dir_);
+  ASSERT_EQ(colour.exitCode, 0) << colour.err;
+  ASSERT_EQ(Tessaron("fields define Visits --type INTTYPE --for Customer" + app, dir_).exitCode, 0);
+  Outcome custom = Tessaron("fields list --company " + company_, dir_);
+  EXPECT_NE(custom.out.find("Colour  STR255TYPE  Customer, Vendor"), std::string::npos) << custom.out;
+  EXPECT_EQ(custom.out.find("Visits"), std::string::npos) << custom.out;
+  EXPECT_NE(Tessaron("fields list" + app, dir_).out.find("Visits  INTTYPE  Customer"), std::string::npos);
+
+  Outcome set = Tessaron("fields set Customer \"Amber Bakery\" Colour Blue --company " + company_, dir_);
+  ASSERT_EQ(set.exitCode, 0) << set.err;
+  // A second set changes the value that is now on file.
+  Outcome change = Tessaron("fields set Customer \"Amber Bakery\" Colour Red --company " + company_, dir_);
+  ASSERT_EQ(change.exitCode, 0) << change.err;
+  EXPECT_NE(change.out.find("Colour = Red"), std::string::npos) << change.out;
+  EXPECT_NE(Tessaron("fields set Customer \"Amber Bakery\" Visits 12" + app, dir_).out.find("Visits = 12"),
+            std::string::npos);
+
+  // A custom field holds text only; a field not defined for the type is refused.
+  Outcome number = Tessaron("fields define Count --type INTTYPE --for Customer --company " + company_, dir_);
+  EXPECT_NE(number.exitCode, 0);
+  EXPECT_NE(number.err.find("DataExtType"), std::string::npos) << number.err;
+  EXPECT_NE(Tessaron("fields set Vendor Nobody Colour x --company " + company_, dir_).exitCode, 0);
+  EXPECT_NE(Tessaron("fields set Customer \"Amber Bakery\" Missing 1" + app, dir_).exitCode, 0);
 }
 
 }  // namespace
