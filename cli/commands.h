@@ -18,6 +18,7 @@ void AddHostCommand(CLI::App& app, const GlobalOptions& global);
 void AddSendCommand(CLI::App& app, const GlobalOptions& global);
 void AddDemoCommand(CLI::App& app, const GlobalOptions& global);
 void AddListCommand(CLI::App& app, const GlobalOptions& global);
+void AddEventCommand(CLI::App& app);  // event parse FILE
 // `company show`, under the `company` command.
 void AddCompanyShowCommand(CLI::App& company, const GlobalOptions& global);
 

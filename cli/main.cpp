@@ -24,6 +24,7 @@ int main(int argc, char** argv) {
   tessaron::cli::AddSendCommand(app, global);
   tessaron::cli::AddDemoCommand(app, global);
   tessaron::cli::AddListCommand(app, global);
+  tessaron::cli::AddEventCommand(app);
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& e) {
