@@ -11,6 +11,7 @@
 #include "tests/support/qbxml_check.h"
 #include "tests/support/raised.h"
 #include "tests/support/scripted_processor.h"
+#include "tests/support/text_match.h"
 
 namespace tessaron {
 namespace {
@@ -20,10 +21,9 @@ using testing::NumberRaised;
 using testing::Raised;
 using testing::ScriptedProcessor;
 using testing::ScriptedSession;
+using testing::Contains;
 
 const std::string kGuid = "{5F8B3A52-1C2D-4E6F-8A9B-0C1D2E3F4A5B}";
-
-bool Has(const std::string& text, const std::string& part) { return text.find(part) != std::string::npos; }
 
 // A subscription link with the event GUID registered; no company file is opened.
 class SubscriptionLink : public ::testing::Test {
@@ -58,11 +58,11 @@ TEST_F(SubscriptionLink, UiSubscriptionAddIsValidAndSentAsASubscription) {
   EXPECT_EQ(qb_.processor().CountCalls("ProcessRequest"), 0);
   const std::string rq = LastSent();
   EXPECT_TRUE(IsValidQbxml(rq)) << rq;
-  EXPECT_TRUE(Has(rq, "<SubscriberID>" + kGuid + "</SubscriberID>")) << rq;
-  EXPECT_TRUE(Has(rq, "<ProgID>Acme.Events</ProgID>")) << rq;
-  EXPECT_FALSE(Has(rq, "<CLSID>")) << rq;
-  EXPECT_TRUE(Has(rq, "<DeliveryPolicy>DeliverAlways</DeliveryPolicy>")) << rq;
-  EXPECT_TRUE(Has(rq, "<CompanyFileEventOperation>Close</CompanyFileEventOperation>"
+  EXPECT_TRUE(Contains(rq, "<SubscriberID>" + kGuid + "</SubscriberID>")) << rq;
+  EXPECT_TRUE(Contains(rq, "<ProgID>Acme.Events</ProgID>")) << rq;
+  EXPECT_FALSE(Contains(rq, "<CLSID>")) << rq;
+  EXPECT_TRUE(Contains(rq, "<DeliveryPolicy>DeliverAlways</DeliveryPolicy>")) << rq;
+  EXPECT_TRUE(Contains(rq, "<CompanyFileEventOperation>Close</CompanyFileEventOperation>"
                       "<CompanyFileEventOperation>Open</CompanyFileEventOperation>"))
       << rq;
 }
@@ -75,8 +75,8 @@ TEST_F(SubscriptionLink, UiSubscriptionWithoutProgIdWritesTheClassId) {
   subs->Commit2();
   const std::string rq = LastSent();
   EXPECT_TRUE(IsValidQbxml(rq)) << rq;
-  EXPECT_TRUE(Has(rq, "<CLSID>{11111111-2222-3333-4444-555555555555}</CLSID>")) << rq;
-  EXPECT_TRUE(Has(rq, "<DeliveryPolicy>DeliverOnlyIfRunning</DeliveryPolicy>")) << rq;
+  EXPECT_TRUE(Contains(rq, "<CLSID>{11111111-2222-3333-4444-555555555555}</CLSID>")) << rq;
+  EXPECT_TRUE(Contains(rq, "<DeliveryPolicy>DeliverOnlyIfRunning</DeliveryPolicy>")) << rq;
 }
 
 TEST_F(SubscriptionLink, AcceptedUiSubscriptionIsReadBackAndStaysNew) {
@@ -169,14 +169,14 @@ TEST_F(SubscriptionLink, OneMenuItemGoesOutWithoutSubmenuOrTheSubscriptionsCondi
   menus->Commit(sub);
   const std::string rq = LastSent();
   EXPECT_TRUE(IsValidQbxml(rq)) << rq;
-  EXPECT_TRUE(Has(rq, "<UIExtensionSubscriptionAddRq requestID = \"1\"><UIExtensionSubscriptionAdd><SubscriberID>" +
+  EXPECT_TRUE(Contains(rq, "<UIExtensionSubscriptionAddRq requestID = \"1\"><UIExtensionSubscriptionAdd><SubscriberID>" +
                           kGuid))
       << rq;
-  EXPECT_TRUE(Has(rq, "<AddToMenu>Customers</AddToMenu><MenuItem><MenuText>Export customers</MenuText>"
+  EXPECT_TRUE(Contains(rq, "<AddToMenu>Customers</AddToMenu><MenuItem><MenuText>Export customers</MenuText>"
                       "<EventTag>export</EventTag><DisplayCondition></DisplayCondition></MenuItem>"))
       << rq;
-  EXPECT_FALSE(Has(rq, "Submenu")) << rq;
-  EXPECT_FALSE(Has(rq, "VisibleIf")) << rq;
+  EXPECT_FALSE(Contains(rq, "Submenu")) << rq;
+  EXPECT_FALSE(Contains(rq, "VisibleIf")) << rq;
 }
 
 TEST_F(SubscriptionLink, TwoMenuItemsGoOutInASubmenuHeadedByItsConditions) {
@@ -196,12 +196,12 @@ TEST_F(SubscriptionLink, TwoMenuItemsGoOutInASubmenuHeadedByItsConditions) {
   menus->Commit(sub);
   const std::string rq = LastSent();
   EXPECT_TRUE(IsValidQbxml(rq)) << rq;
-  EXPECT_TRUE(Has(rq, "<AddToMenu>Banking</AddToMenu><Submenu><DisplayCondition><VisibleIf>MultiUserMode</VisibleIf>"
+  EXPECT_TRUE(Contains(rq, "<AddToMenu>Banking</AddToMenu><Submenu><DisplayCondition><VisibleIf>MultiUserMode</VisibleIf>"
                       "<VisibleIfNot>AccountantCopyExists</VisibleIfNot><EnabledIf>SalesTaxEnabled</EnabledIf>"
                       "<EnabledIfNot>IsAccountantCopy</EnabledIfNot></DisplayCondition><MenuItem>"
                       "<MenuText>Send</MenuText>"))
       << rq;
-  EXPECT_TRUE(Has(rq, "<MenuText>Receive</MenuText><EventTag>Receive</EventTag><DisplayCondition>"
+  EXPECT_TRUE(Contains(rq, "<MenuText>Receive</MenuText><EventTag>Receive</EventTag><DisplayCondition>"
                       "<EnabledIf>PayrollEnabled</EnabledIf></DisplayCondition></MenuItem></Submenu>"))
       << rq;
 }
@@ -248,7 +248,7 @@ TEST_F(SubscriptionLink, GetAllListsTheExtensionsOfTheRegisteredGuid) {
   EXPECT_EQ(menus->GetAll(), 2);
   const std::string rq = LastSent();
   EXPECT_TRUE(IsValidQbxml(rq)) << rq;
-  EXPECT_TRUE(Has(rq, "<UIExtensionSubscriptionQueryRq><SubscriberID>" + kGuid + "</SubscriberID>")) << rq;
+  EXPECT_TRUE(Contains(rq, "<UIExtensionSubscriptionQueryRq><SubscriberID>" + kGuid + "</SubscriberID>")) << rq;
   EXPECT_EQ(menus->Item(Variant(1))->AppName, "First");
   EXPECT_EQ(menus->Item(Variant(2))->AppName, "Second");
   EXPECT_EQ(menus->Item(Variant(2))->ProgId, "Acme.Menu");
@@ -271,7 +271,7 @@ TEST_F(SubscriptionLink, DeleteRemovesTheEntryWhateverQuickBooksAnswered) {
   menus->Delete(Variant(1));
   const std::string rq = LastSent();
   EXPECT_TRUE(IsValidQbxml(rq)) << rq;
-  EXPECT_TRUE(Has(rq, "<SubscriptionDelRq><SubscriberID>" + kGuid +
+  EXPECT_TRUE(Contains(rq, "<SubscriptionDelRq><SubscriberID>" + kGuid +
                           "</SubscriberID><SubscriptionType>UIExtension</SubscriptionType></SubscriptionDelRq>"))
       << rq;
   ASSERT_EQ(menus->Count(), 1);
@@ -314,8 +314,8 @@ TEST_F(SubscriptionLink, DataEventSubscriptionBodyIsValidAndNeverPassesValidatio
   b.EndAggregate("QBXML");
   const std::string rq = b.GetXML().ToString();
   EXPECT_TRUE(IsValidQbxml(rq)) << rq;
-  EXPECT_FALSE(Has(rq, "CLSID")) << rq;
-  EXPECT_FALSE(Has(rq, "TrackLostEvents")) << rq;
+  EXPECT_FALSE(Contains(rq, "CLSID")) << rq;
+  EXPECT_FALSE(Contains(rq, "TrackLostEvents")) << rq;
   EXPECT_FALSE(sub.Validate());
   auto e = Raised([&] { sub.XMLModify(b); });
   ASSERT_TRUE(e);
