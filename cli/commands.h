@@ -23,6 +23,7 @@ void AddShowCommand(CLI::App& app, const GlobalOptions& global);
 // `report list` and `report run`.
 void AddReportCommand(CLI::App& app, const GlobalOptions& global);
 void AddFieldsCommand(CLI::App& app, const GlobalOptions& global);
+void AddEventCommand(CLI::App& app);  // event parse FILE
 // `company show`, under the `company` command.
 void AddCompanyShowCommand(CLI::App& company, const GlobalOptions& global);
 

@@ -27,6 +27,7 @@ int main(int argc, char** argv) {
   tessaron::cli::AddShowCommand(app, global);
   tessaron::cli::AddReportCommand(app, global);
   tessaron::cli::AddFieldsCommand(app, global);
+  tessaron::cli::AddEventCommand(app);
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& e) {

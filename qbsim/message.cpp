@@ -8,6 +8,7 @@
 #include "qbsim/request_table.h"
 #include "qbsim/status.h"
 #include "qbsim/strict_mode.h"
+#include "qbsim/subscription_store.h"
 #include "qbsim/xml_out.h"
 #include "tessaron/platform/error.h"
 
@@ -166,12 +167,15 @@ std::string AnswerSubscriptionMessage(const ProcessorOptions& options, const std
   if (!broken.empty()) return broken;
   if (options.strict)
     if (std::string problem = SchemaProblem(doc, options.schemaDir); !problem.empty()) ParseError(problem);
+  SubscriptionStore& store = options.subscriptions ? *options.subscriptions : *ProcessSubscriptionStore();
   XmlOut out;
   out.Raw(kDeclaration);
   out.Raw("<QBXML><QBXMLSubscriptionMsgsRs>");
   for (pugi::xml_node rq = set.first_child(); rq; rq = rq.next_sibling()) {
     if (rq.type() != pugi::node_element) continue;
-    WriteResponse(out, ResponseName(rq.name()), rq, status::NotSupported(rq.name()), "", true);
+    XmlOut body;
+    Status s = store.Answer(rq, body);
+    WriteResponse(out, ResponseName(rq.name()), rq, s, body.Str(), true);
   }
   out.Raw("</QBXMLSubscriptionMsgsRs></QBXML>");
   return out.Take();

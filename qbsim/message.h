@@ -21,8 +21,8 @@ struct SessionInfo {
 // in strict mode, does not validate; 0x80040418 for a qbXML version above the session's.
 std::string AnswerMessage(const SessionInfo& session, const ProcessorOptions& options, const std::string& text);
 
-// A subscription message set (QBXMLSubscriptionMsgsRq); no session is needed. Subscriptions
-// are not answered yet: every request gets the "not supported" status.
+// A subscription message set (QBXMLSubscriptionMsgsRq); no session is needed. The
+// subscriptions are kept by the host's store (ProcessorOptions::subscriptions).
 std::string AnswerSubscriptionMessage(const ProcessorOptions& options, const std::string& text);
 
 }  // namespace tessaron::qbsim

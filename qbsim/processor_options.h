@@ -46,6 +46,8 @@ class FaultPlan {
   std::deque<Fault> faults_;
 };
 
+class SubscriptionStore;
+
 struct ProcessorOptions {
   // Refuse, as QuickBooks does, messages that do not validate against the qbXML schema,
   // that use what their qbXML version or the edition lacks, and request elements the
@@ -90,6 +92,9 @@ struct ProcessorOptions {
   // = SQLite's default. Tests put a VFS that fails on purpose under the processor. A file
   // already open in the process keeps the VFS it was opened with.
   std::string databaseVfs;
+
+  // The event subscriptions of the host (see subscription_store.h); none = the process's.
+  std::shared_ptr<SubscriptionStore> subscriptions;
 };
 
 // Which identifiers RegisterProcessor serves; tests leave one out to see the library fall back.

@@ -3,6 +3,7 @@
 #include "tessaron/company/company.h"
 #include "tessaron/company/preferences.h"
 #include "tessaron/connection/library_state.h"
+#include "tessaron/events/subscriptions.h"
 #include "tessaron/foundation/log_file.h"
 #include "tessaron/foundation/values.h"
 #include "tessaron/messaging/transcript.h"
@@ -384,6 +385,16 @@ std::shared_ptr<tessaron::Company> QBConnection::Company() const { return State(
 bool QBConnection::IsUSProduct() const { return !State().IsNonUSProduct; }
 bool QBConnection::DatabaseRecursiveUpdates() const { return !State().RecursiveUpdatesOff; }
 void QBConnection::SetDatabaseRecursiveUpdates(bool value) { State().RecursiveUpdatesOff = !value; }
+
+std::shared_ptr<UIExtensionSubscriptions> QBConnection::UIExtensionSubscriptions() {
+  if (!uiExtensionSubscriptions_) uiExtensionSubscriptions_ = std::make_shared<tessaron::UIExtensionSubscriptions>();
+  return uiExtensionSubscriptions_;
+}
+
+std::shared_ptr<UISubscriptions> QBConnection::UISubscriptions() {
+  if (!uiSubscriptions_) uiSubscriptions_ = std::make_shared<tessaron::UISubscriptions>();
+  return uiSubscriptions_;
+}
 
 std::string QBConnection::LastOpenCompanyFile() const {
   return ReadIniValue(QuickBooksIniPath(), "PREFS", "DataFile");

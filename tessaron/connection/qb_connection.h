@@ -30,6 +30,9 @@ namespace tessaron {
 
 class Company;
 class LogFile;
+class DataEventSubcriptions;
+class UIExtensionSubscriptions;
+class UISubscriptions;
 
 // How BeginSession opens the company file; handed to the request processor as it stands.
 enum qbEnumFileOpenMode : int32_t {
@@ -127,6 +130,11 @@ class QBConnection {
   // Stored inverted in the library state; false on a fresh load.
   bool DatabaseRecursiveUpdates() const;
   void SetDatabaseRecursiveUpdates(bool value);
+  // The event subscription collections. The first two are made on first use and need no
+  // session; nothing makes the data event collection, so it is the null handle.
+  std::shared_ptr<tessaron::UIExtensionSubscriptions> UIExtensionSubscriptions();
+  std::shared_ptr<tessaron::UISubscriptions> UISubscriptions();
+  std::shared_ptr<DataEventSubcriptions> DataEventSubscriptions() const { return dataEventSubscriptions_; }
 
   // ---- Enumeration tables -----------------------------------------------------------------
   std::shared_ptr<QCEnum> MatchTypes() const;
@@ -175,6 +183,9 @@ class QBConnection {
   std::vector<std::function<void()>> connectionClosed_;
   std::vector<std::function<void(int32_t, int32_t, bool)>> recordProcessed_;
   std::vector<std::function<void(int32_t, int32_t, bool&)>> recordProcessed2_;
+  std::shared_ptr<tessaron::UIExtensionSubscriptions> uiExtensionSubscriptions_;
+  std::shared_ptr<tessaron::UISubscriptions> uiSubscriptions_;
+  std::shared_ptr<DataEventSubcriptions> dataEventSubscriptions_;
 };
 
 }  // namespace tessaron

@@ -15,6 +15,7 @@
 
 #include "tessaron/company/company.h"
 #include "tessaron/connection/qb_connection.h"
+#include "tessaron/events/subscriptions.h"
 #include "tessaron/foundation/enumerations.h"
 #include "tessaron/platform/date.h"
 
@@ -92,6 +93,11 @@ class TessaronGlobals {
   static std::shared_ptr<tessaron::PayrollItemNonWages> PayrollItemNonWages() {
     return Open()->PayrollItemNonWages();
   }
+  // The subscription collections of the global connection; no session needed.
+  static std::shared_ptr<tessaron::UIExtensionSubscriptions> UIExtensionSubscriptions() {
+    return QBConnection()->UIExtensionSubscriptions();
+  }
+  static std::shared_ptr<tessaron::UISubscriptions> UISubscriptions() { return QBConnection()->UISubscriptions(); }
 
  private:
   // Company, as a reference the getters can use.

@@ -138,7 +138,7 @@ TEST_F(SessionTest, ChangesSurviveClosingAndReopeningTheFile) {
   EXPECT_EQ(r.Value("VendorRet/CompanyName"), "Durable Goods");
 }
 
-TEST_F(SessionTest, SubscriptionMessagesNeedOnlyTheLinkAndAreNotSupportedYet) {
+TEST_F(SessionTest, SubscriptionMessagesNeedOnlyTheLink) {
   auto p = CreateProcessor(StrictOptions());
   p->OpenConnection("", "subscriber");
   std::string rq = Prologue("4.0") +
@@ -150,7 +150,8 @@ TEST_F(SessionTest, SubscriptionMessagesNeedOnlyTheLinkAndAreNotSupportedYet) {
   std::string text = p->ProcessSubscription(rq);
   EXPECT_TRUE(tessaron::testing::IsValidQbxml(text));
   Response r(text);
-  EXPECT_EQ(r.Status(), status::kNotSupported);
+  // Answered without a session: nothing of that subscriber is on the host.
+  EXPECT_EQ(r.Status(), status::kObjectNotFound);
 }
 
 }  // namespace

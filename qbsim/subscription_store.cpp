@@ -1,0 +1,110 @@
+#include "qbsim/subscription_store.h"
+
+#include <sstream>
+#include <string_view>
+
+#include "qbsim/values.h"
+
+namespace tessaron::qbsim {
+
+namespace {
+
+struct KindOfRequest {
+  const char* request;  // the ...Rq element
+  const char* kind;     // the SubscriptionType of the kind
+  const char* add;      // the add aggregate inside the request; null for a query
+  const char* ret;      // the record element of the response
+};
+
+constexpr KindOfRequest kRequests[] = {
+    {"DataEventSubscriptionAddRq", "Data", "DataEventSubscriptionAdd", "DataEventSubscriptionRet"},
+    {"DataEventSubscriptionQueryRq", "Data", nullptr, "DataEventSubscriptionRet"},
+    {"UIEventSubscriptionAddRq", "UI", "UIEventSubscriptionAdd", "UIEventSubscriptionRet"},
+    {"UIEventSubscriptionQueryRq", "UI", nullptr, "UIEventSubscriptionRet"},
+    {"UIExtensionSubscriptionAddRq", "UIExtension", "UIExtensionSubscriptionAdd", "UIExtensionSubscriptionRet"},
+    {"UIExtensionSubscriptionQueryRq", "UIExtension", nullptr, "UIExtensionSubscriptionRet"},
+};
+
+std::string Upper(std::string_view s) {
+  std::string out(s);
+  for (char& c : out)
+    if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 'a' + 'A');
+  return out;
+}
+
+std::string Raw(const pugi::xml_node& node) {
+  std::ostringstream out;
+  node.print(out, "", pugi::format_raw);
+  return out.str();
+}
+
+// The record as QuickBooks keeps it: the add's elements with the time it was made after
+// the subscriber, and a data subscription's TrackLostEvents (None unless asked for).
+std::string RetBody(const pugi::xml_node& add, std::string_view kind) {
+  std::string body;
+  const bool data = kind == "Data";
+  const bool tracksLost = static_cast<bool>(add.child("TrackLostEvents"));
+  for (pugi::xml_node part = add.first_child(); part; part = part.next_sibling()) {
+    if (part.type() != pugi::node_element) continue;
+    body += Raw(part);
+    const std::string_view name = part.name();
+    if (name == "SubscriberID") body += "<TimeCreated>" + TimestampNow() + "</TimeCreated>";
+    if (data && name == "DeliveryPolicy" && !tracksLost) body += "<TrackLostEvents>None</TrackLostEvents>";
+  }
+  return body;
+}
+
+Status Missing(const char* element) {
+  return {status::kMissingElement, std::string("There is a missing element: \"") + element + "\"."};
+}
+
+}  // namespace
+
+Status SubscriptionStore::Answer(const pugi::xml_node& request, XmlOut& body) {
+  const std::string_view name = request.name();
+  std::lock_guard lock(mutex_);
+  if (name == "SubscriptionDelRq") {
+    const std::string subscriber = request.child("SubscriberID").text().as_string();
+    const std::string kind = request.child("SubscriptionType").text().as_string();
+    if (subscriptions_.erase({kind, Upper(subscriber)}) == 0) return status::ObjectNotFound(subscriber);
+    return status::Ok();
+  }
+  for (const KindOfRequest& k : kRequests) {
+    if (name != k.request) continue;
+    const pugi::xml_node source = k.add ? request.child(k.add) : request;
+    const pugi::xml_node id = source.child("SubscriberID");
+    if (!id) return Missing("SubscriberID");
+    const auto key = std::make_pair(std::string(k.kind), Upper(id.text().as_string()));
+    auto found = subscriptions_.find(key);
+    if (k.add) {
+      if (found != subscriptions_.end())
+        return {status::kNameInUse, std::string("A subscription of type ") + k.kind + " for the subscriber \"" +
+                                        id.text().as_string() + "\" already exists."};
+      found = subscriptions_.emplace(key, RetBody(source, k.kind)).first;
+    } else if (found == subscriptions_.end()) {
+      return status::NoMatch();
+    }
+    body.Open(k.ret);
+    body.Raw(found->second);
+    body.Close(k.ret);
+    return status::Ok();
+  }
+  return status::NotSupported(std::string(name));
+}
+
+size_t SubscriptionStore::Count() const {
+  std::lock_guard lock(mutex_);
+  return subscriptions_.size();
+}
+
+void SubscriptionStore::Clear() {
+  std::lock_guard lock(mutex_);
+  subscriptions_.clear();
+}
+
+std::shared_ptr<SubscriptionStore> ProcessSubscriptionStore() {
+  static const auto store = std::make_shared<SubscriptionStore>();
+  return store;
+}
+
+}  // namespace tessaron::qbsim
