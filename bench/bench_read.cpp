@@ -21,6 +21,7 @@
 #include <pugixml.hpp>
 
 #include <cstdio>
+#include <map>
 #include <memory>
 #include <string>
 
@@ -229,12 +230,17 @@ int main(int argc, char** argv) {
   mallopt(M_MMAP_MAX, 0);
   mallopt(M_TRIM_THRESHOLD, 1 << 30);
   benchmark::Initialize(&argc, argv);
+  // With repetitions, a mean is compared with the mean, a median with the median.
   struct Reporter : benchmark::ConsoleReporter {
-    double bare = 0;
+    std::map<std::string, double> bare;
     void ReportRuns(const std::vector<Run>& runs) override {
       for (const Run& run : runs) {
-        if (run.benchmark_name().find("BareParse") != std::string::npos) bare = run.GetAdjustedCPUTime();
-        else if (bare > 0) const_cast<Run&>(run).counters["x_bare_parse"] = run.GetAdjustedCPUTime() / bare;
+        if (run.aggregate_name == "stddev" || run.aggregate_name == "cv") continue;
+        if (run.benchmark_name().find("BareParse") != std::string::npos) {
+          bare[run.aggregate_name] = run.GetAdjustedCPUTime();
+        } else if (bare[run.aggregate_name] > 0) {
+          const_cast<Run&>(run).counters["x_bare_parse"] = run.GetAdjustedCPUTime() / bare[run.aggregate_name];
+        }
       }
       ConsoleReporter::ReportRuns(runs);
     }

@@ -148,12 +148,18 @@ void ListObject::SetIfChanged(std::string& field, const std::string& value, Curr
 // ---- Reading ---------------------------------------------------------------------------
 
 Variant ListObject::FromDom(const XmlNode& obj) {
+  const std::vector<FieldDef>& rows = info_.fields;
+  // Elements arrive in the order of the rows, so the search starts behind the last match
+  // and goes round once: a record costs one comparison per element, not one per row.
+  size_t next = 0;
   for (const XmlNode& child : obj.childNodes()) {
     std::string_view tag = child.baseName();
     const FieldDef* match = nullptr;
-    for (const FieldDef& row : info_.fields) {
-      if (row.tag == tag) {
-        match = &row;
+    for (size_t k = 0, n = rows.size(); k < n; ++k) {
+      const size_t at = next + k < n ? next + k : next + k - n;
+      if (rows[at].tag == tag) {
+        match = &rows[at];
+        next = at + 1;
         break;
       }
     }
@@ -171,19 +177,16 @@ Variant ListObject::FromDom(const XmlNode& obj) {
 }
 
 void ListObject::ReadRow(const FieldDef& row, const XmlNode& node) {
+  std::string scratch;
   switch (row.kind) {
-    case FieldKind::Text: At<std::string>(*this, row.member) = node.text(); break;
-    case FieldKind::Boolean: At<bool>(*this, row.member) = BooleanFromText(node.text()); break;
-    case FieldKind::Int16: At<int16_t>(*this, row.member) = Int16FromText(node.text()); break;
+    case FieldKind::Text: At<std::string>(*this, row.member).assign(node.textView(scratch)); break;
+    case FieldKind::Boolean: At<bool>(*this, row.member) = BooleanFromText(node.textView(scratch)); break;
+    case FieldKind::Int16: At<int16_t>(*this, row.member) = Int16FromText(node.textView(scratch)); break;
     case FieldKind::DateTime:
-    case FieldKind::Date: At<Date>(*this, row.member) = DateFromText(node.text()); break;
+    case FieldKind::Date: At<Date>(*this, row.member) = DateFromText(node.textView(scratch)); break;
     case FieldKind::Amount:
     case FieldKind::Quantity:
-    case FieldKind::Percent: {
-      std::string text = node.text();
-      At<Currency>(*this, row.member) = CurrencyFromText(text);
-      break;
-    }
+    case FieldKind::Percent: At<Currency>(*this, row.member) = CurrencyFromText(node.textView(scratch)); break;
     case FieldKind::Ref: {
       auto& ref = At<std::shared_ptr<qcListObjectRef>>(*this, row.member);
       if (!ref) ref = std::make_shared<qcListObjectRef>(static_cast<qoEnumListType>(row.aux));
@@ -191,7 +194,7 @@ void ListObject::ReadRow(const FieldDef& row, const XmlNode& node) {
       break;
     }
     case FieldKind::Enum:
-      At<int32_t>(*this, row.member) = EnumXMLToCode(node.text(), static_cast<qoEnumerationType>(row.aux));
+      At<int32_t>(*this, row.member) = EnumXMLToCode(node.textView(scratch), static_cast<qoEnumerationType>(row.aux));
       break;
     case FieldKind::Dropped: break;
     case FieldKind::Custom:

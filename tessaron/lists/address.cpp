@@ -73,6 +73,7 @@ const char* Address::StateTag() {
 }
 
 void Address::FromDom(const XmlNode& node) {
+  std::string scratch;
   for (const XmlNode& child : node.childNodes()) {
     std::string_view tag = child.baseName();
     // Whatever the edition, a state arrives in one of three names.
@@ -80,7 +81,7 @@ void Address::FromDom(const XmlNode& node) {
     bool known = false;
     for (const LineRow& line : Lines()) {
       if (line.tag == tag) {
-        this->*line.member = child.text();
+        (this->*line.member).assign(child.textView(scratch));
         known = true;
         break;
       }
