@@ -436,8 +436,20 @@ void InvoiceFigures(RequestContext& ctx, const TxnDocument& doc, FieldMap& answe
   int64_t total = ledger.TxnAmount(doc.record.txnId, ar);
   int64_t taxTotal = tax.front().empty() ? 0 : -ledger.TxnAmount(doc.record.txnId, tax);
   int64_t open = ledger.OpenAmount(doc.record.txnId, ar);
-  answer.Set("Subtotal", CentsText(total - taxTotal));
   Lookup lists(ctx);
+  // A sales tax item used as a line is a line like any other: its amount belongs to the
+  // subtotal, and SalesTaxTotal is the header's tax alone, though both post to the
+  // sales tax liability.
+  auto bodyTax = [&](const TxnLine& l) -> int64_t {
+    const Looked* item = lists.Find(std::string(l.fields.Get("ItemRef")));
+    if (!item || (item->kind != "ItemSalesTax" && item->kind != "ItemSalesTaxGroup")) return 0;
+    return RoundToCents(Raw(l.fields.Get("Amount")));
+  };
+  for (const TxnLine& l : doc.lines) {
+    taxTotal -= bodyTax(l);
+    for (const TxnLine& m : l.members) taxTotal -= bodyTax(m);
+  }
+  answer.Set("Subtotal", CentsText(total - taxTotal));
   if (ctx.IsUS()) {
     answer.Set("SalesTaxPercentage", DecimalText(TotalRate(TaxItems(lists, std::string(doc.header.Get("ItemSalesTaxRef"))))));
   }

@@ -10,6 +10,7 @@
 #include "tessaron/messaging/xml_bldr.h"
 #include "tessaron/platform/error.h"
 #include "tessaron/framework/detail/list_object_access.h"
+#include "tessaron/transactions/invoices.h"
 
 namespace tessaron {
 
@@ -56,6 +57,9 @@ Company::Company()
   employees_ = Master<tessaron::Employees>(l, ListTypeKey(qoListEmployees).c_str());
   payrollItemWages_ = Master<tessaron::PayrollItemWages>(l, ListTypeKey(qoListPayrollItemWages).c_str());
   payrollItemNonWages_ = Master<tessaron::PayrollItemNonWages>(l, ListTypeKey(qoListPayrollItemNonWages).c_str());
+  // Transactions are not in the list registry.
+  invoices_ = std::make_shared<tessaron::Invoices>();
+  detail::ListObjectAccess::SetMaster(*invoices_, true);
   // The entity list makes records of their own classes of its ...Ret elements.
   tessaron::Entities::RegisterEntityKind("CustomerRet", [] { return std::make_shared<Customer>(); });
   tessaron::Entities::RegisterEntityKind("VendorRet", [] { return std::make_shared<Vendor>(); });
@@ -197,7 +201,6 @@ TESSARON_NOT_YET(PurchaseOrders)
 TESSARON_NOT_YET(VendorCredits)
 TESSARON_NOT_YET(CreditCardCharges)
 TESSARON_NOT_YET(CreditCardCredits)
-TESSARON_NOT_YET(Invoices)
 TESSARON_NOT_YET(TimeTrackings)
 TESSARON_NOT_YET(SalesReceipts)
 TESSARON_NOT_YET(CreditMemos)

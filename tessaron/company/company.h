@@ -144,6 +144,7 @@ class Company {
   std::shared_ptr<tessaron::Employees> Employees() const { return employees_; }
   std::shared_ptr<tessaron::PayrollItemWages> PayrollItemWages() const { return payrollItemWages_; }
   std::shared_ptr<tessaron::PayrollItemNonWages> PayrollItemNonWages() const { return payrollItemNonWages_; }
+  std::shared_ptr<tessaron::Invoices> Invoices() const { return invoices_; }
   // Not a master: QuickBooks only reads templates out. Made on first use.
   std::shared_ptr<tessaron::Templates> Templates();
 
@@ -156,7 +157,6 @@ class Company {
   std::shared_ptr<tessaron::VendorCredits> VendorCredits();
   std::shared_ptr<tessaron::CreditCardCharges> CreditCardCharges();
   std::shared_ptr<tessaron::CreditCardCredits> CreditCardCredits();
-  std::shared_ptr<tessaron::Invoices> Invoices();
   std::shared_ptr<tessaron::TimeTrackings> TimeTrackings();
   std::shared_ptr<tessaron::SalesReceipts> SalesReceipts();
   std::shared_ptr<tessaron::CreditMemos> CreditMemos();
@@ -238,6 +238,7 @@ class Company {
   std::shared_ptr<tessaron::PayrollItemWages> payrollItemWages_;
   std::shared_ptr<tessaron::PayrollItemNonWages> payrollItemNonWages_;
   std::shared_ptr<tessaron::Templates> templates_;
+  std::shared_ptr<tessaron::Invoices> invoices_;
 };
 
 // Makes `company` the company of the session: the library state's CurrentCompany, and its

@@ -106,4 +106,26 @@ enum qoEnumObjectState : int32_t {
   qoObjectStateDirty = 3,  // changed since it was read: a commit sends a modify
 };
 
+// What an inner object tells its owner through a qcEventSink.
+enum qoEnumEventTypes : int32_t {
+  qoEventAmountChange = 1,     // an amount of a line changed: the owner recomputes its totals
+  qoEventItemTaxCodeQuery = 2, // may a tax item go on a line? the owner clears the text to refuse
+  qoEventWarning = 3,          // the text is a qoEnumWarning number (enum_codes.h)
+  qoEventNoQuantity = 4,       // not enough stock; the text is the item's name
+};
+
+// The cells of a line item that a grid edits one by one.
+enum qoEnumFldTxn : int32_t {
+  qoFldTxnItem = 1,
+  qoFldTxnQuantity = 2,
+  qoFldTxnDescription = 3,
+  qoFldTxnCost = 4,
+  qoFldTxnServiceDate = 5,
+  qoFldTxnClass = 6,
+  qoFldTxnAmount = 7,
+  qoFldTxnTax = 8,
+  qoFldTxnMarkup = 9,
+  qoFldTxnCustomer = 10,
+};
+
 }  // namespace tessaron

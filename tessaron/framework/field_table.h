@@ -45,19 +45,24 @@ enum class FieldKind : uint8_t {
   Enum,      // int32_t code of an enumeration table, sent as the row's qbXML text
   Dropped,   // read and thrown away without a word (tags a class knows but keeps nothing of)
   Custom,    // read and written by the row's own functions (addresses, sub-records)
+  Int32,     // int32_t, decimal text
 };
 
 // The kind of write a Custom row is asked for.
 enum class WriteMode : uint8_t { Add, Modify, QueryRs };
 
-using FieldMember = std::variant<std::monostate, std::string ListObject::*, bool ListObject::*,
-                                 int16_t ListObject::*, Date ListObject::*, Currency ListObject::*,
-                                 int32_t ListObject::*, std::shared_ptr<qcListObjectRef> ListObject::*>;
+// A row's member: a pointer to a field of the owner class (ListObject for lists, the
+// transaction base for transactions); every class of a family keeps its fields there.
+template <class Owner>
+using BasicFieldMember = std::variant<std::monostate, std::string Owner::*, bool Owner::*, int16_t Owner::*,
+                                      Date Owner::*, Currency Owner::*, int32_t Owner::*,
+                                      std::shared_ptr<qcListObjectRef> Owner::*>;
 
-struct FieldDef {
+template <class Owner>
+struct BasicFieldDef {
   std::string_view tag;
   FieldKind kind = FieldKind::Text;
-  FieldMember member;
+  BasicFieldMember<Owner> member;
   Send add = Send::Never;
   Currency addMinVersion;
   Send mod = Send::Never;
@@ -66,86 +71,115 @@ struct FieldDef {
   // The enumeration table of an Enum row (qoEnumerationType); the list type of a Ref row.
   int32_t aux = 0;
   // A further condition for add and modify (for example, a field only the US edition knows).
-  bool (*when)(const ListObject&) = nullptr;
-  void (*read)(ListObject&, const XmlNode&) = nullptr;
-  void (*write)(ListObject&, xmlBldr&, WriteMode) = nullptr;
+  bool (*when)(const Owner&) = nullptr;
+  void (*read)(Owner&, const XmlNode&) = nullptr;
+  void (*write)(Owner&, xmlBldr&, WriteMode) = nullptr;
   // The public property the row backs, where its name is not the tag ("Desc" is
   // "Description"); the display text of a Custom row.
   std::string_view property;
-  std::string (*text)(const ListObject&) = nullptr;
+  std::string (*text)(const Owner&) = nullptr;
 
-  FieldDef Add(Send how, Currency minVersion = Currency()) const {
-    FieldDef f = *this; f.add = how; f.addMinVersion = minVersion; return f;
+  BasicFieldDef Add(Send how, Currency minVersion = Currency()) const {
+    BasicFieldDef f = *this; f.add = how; f.addMinVersion = minVersion; return f;
   }
-  FieldDef Mod(Send how, Currency minVersion = Currency()) const {
-    FieldDef f = *this; f.mod = how; f.modMinVersion = minVersion; return f;
+  BasicFieldDef Mod(Send how, Currency minVersion = Currency()) const {
+    BasicFieldDef f = *this; f.mod = how; f.modMinVersion = minVersion; return f;
   }
-  FieldDef As(std::string_view propertyName) const { FieldDef f = *this; f.property = propertyName; return f; }
-  FieldDef NotInQuery() const { FieldDef f = *this; f.inQuery = false; return f; }
-  FieldDef When(bool (*condition)(const ListObject&)) const { FieldDef f = *this; f.when = condition; return f; }
+  BasicFieldDef As(std::string_view propertyName) const { BasicFieldDef f = *this; f.property = propertyName; return f; }
+  BasicFieldDef NotInQuery() const { BasicFieldDef f = *this; f.inQuery = false; return f; }
+  BasicFieldDef When(bool (*condition)(const Owner&)) const { BasicFieldDef f = *this; f.when = condition; return f; }
+};
+
+using FieldMember = BasicFieldMember<ListObject>;
+using FieldDef = BasicFieldDef<ListObject>;
+
+// A field as a listing shows it: property name, display text, kind.
+struct FieldText {
+  std::string_view name;
+  std::string text;
+  FieldKind kind;
 };
 
 // Row builders. Members of the class itself are passed as `&MyClass::field_`; they are
 // kept as members of ListObject, which every list class derives from.
 namespace field {
 
+// Row builders. Members of the class itself are passed as `&MyClass::field_`; they are
+// kept as members of the family's owner class (`MyClass::FieldOwner`: ListObject for
+// lists), which the row then belongs to.
 namespace detail {
-inline FieldDef Row(std::string_view tag, FieldKind kind, FieldMember member) {
-  FieldDef f;
+template <class Owner>
+BasicFieldDef<Owner> Row(std::string_view tag, FieldKind kind, BasicFieldMember<Owner> member) {
+  BasicFieldDef<Owner> f;
   f.tag = tag;
   f.kind = kind;
   f.member = member;
   return f;
 }
+template <class O>
+using OwnerOf = typename O::FieldOwner;
 template <class T, class O>
-FieldMember Member(T O::*m) {
-  static_assert(std::is_base_of_v<ListObject, O>, "fields belong to list classes");
-  return static_cast<T ListObject::*>(m);
+BasicFieldMember<OwnerOf<O>> Member(T O::*m) {
+  return static_cast<T OwnerOf<O>::*>(m);
+}
+template <class T, class O>
+BasicFieldDef<OwnerOf<O>> Row(std::string_view tag, FieldKind kind, T O::*m) {
+  return Row<OwnerOf<O>>(tag, kind, Member(m));
 }
 }  // namespace detail
 
 template <class O>
-FieldDef Text(std::string_view tag, std::string O::*m) { return detail::Row(tag, FieldKind::Text, detail::Member(m)); }
+auto Text(std::string_view tag, std::string O::*m) { return detail::Row(tag, FieldKind::Text, m); }
 template <class O>
-FieldDef Boolean(std::string_view tag, bool O::*m) { return detail::Row(tag, FieldKind::Boolean, detail::Member(m)); }
+auto Boolean(std::string_view tag, bool O::*m) { return detail::Row(tag, FieldKind::Boolean, m); }
 template <class O>
-FieldDef Int16(std::string_view tag, int16_t O::*m) { return detail::Row(tag, FieldKind::Int16, detail::Member(m)); }
+auto Int16(std::string_view tag, int16_t O::*m) { return detail::Row(tag, FieldKind::Int16, m); }
 template <class O>
-FieldDef DateTime(std::string_view tag, Date O::*m) { return detail::Row(tag, FieldKind::DateTime, detail::Member(m)); }
+auto Int32(std::string_view tag, int32_t O::*m) { return detail::Row(tag, FieldKind::Int32, m); }
 template <class O>
-FieldDef DateOnly(std::string_view tag, Date O::*m) { return detail::Row(tag, FieldKind::Date, detail::Member(m)); }
+auto DateTime(std::string_view tag, Date O::*m) { return detail::Row(tag, FieldKind::DateTime, m); }
 template <class O>
-FieldDef Amount(std::string_view tag, Currency O::*m) { return detail::Row(tag, FieldKind::Amount, detail::Member(m)); }
+auto DateOnly(std::string_view tag, Date O::*m) { return detail::Row(tag, FieldKind::Date, m); }
 template <class O>
-FieldDef Quantity(std::string_view tag, Currency O::*m) { return detail::Row(tag, FieldKind::Quantity, detail::Member(m)); }
+auto Amount(std::string_view tag, Currency O::*m) { return detail::Row(tag, FieldKind::Amount, m); }
 template <class O>
-FieldDef Percent(std::string_view tag, Currency O::*m) { return detail::Row(tag, FieldKind::Percent, detail::Member(m)); }
+auto Quantity(std::string_view tag, Currency O::*m) { return detail::Row(tag, FieldKind::Quantity, m); }
 template <class O>
-FieldDef Ref(std::string_view tag, std::shared_ptr<qcListObjectRef> O::*m, qoEnumListType list) {
-  FieldDef f = detail::Row(tag, FieldKind::Ref, detail::Member(m));
+auto Percent(std::string_view tag, Currency O::*m) { return detail::Row(tag, FieldKind::Percent, m); }
+template <class O>
+auto Ref(std::string_view tag, std::shared_ptr<qcListObjectRef> O::*m, qoEnumListType list) {
+  auto f = detail::Row(tag, FieldKind::Ref, m);
   f.aux = list;
   return f;
 }
 // `table` is the qoEnumerationType of the enumeration.
 template <class O>
-FieldDef Enum(std::string_view tag, int32_t O::*m, int32_t table) {
-  FieldDef f = detail::Row(tag, FieldKind::Enum, detail::Member(m));
+auto Enum(std::string_view tag, int32_t O::*m, int32_t table) {
+  auto f = detail::Row(tag, FieldKind::Enum, m);
   f.aux = table;
   return f;
 }
-inline FieldDef Dropped(std::string_view tag) {
-  FieldDef f = detail::Row(tag, FieldKind::Dropped, {});
+template <class Owner = ListObject>
+BasicFieldDef<Owner> Dropped(std::string_view tag) {
+  BasicFieldDef<Owner> f = detail::Row<Owner>(tag, FieldKind::Dropped, {});
   f.inQuery = false;
+  return f;
+}
+// A Custom row of another owner than ListObject names it: `field::CustomOf<TxnObject>(...)`.
+template <class Owner>
+BasicFieldDef<Owner> CustomOf(std::string_view tag, void (*read)(Owner&, const XmlNode&),
+                              void (*write)(Owner&, xmlBldr&, WriteMode),
+                              std::string (*text)(const Owner&) = nullptr) {
+  BasicFieldDef<Owner> f = detail::Row<Owner>(tag, FieldKind::Custom, {});
+  f.read = read;
+  f.write = write;
+  f.text = text;
   return f;
 }
 inline FieldDef Custom(std::string_view tag, void (*read)(ListObject&, const XmlNode&),
                        void (*write)(ListObject&, xmlBldr&, WriteMode),
                        std::string (*text)(const ListObject&) = nullptr) {
-  FieldDef f = detail::Row(tag, FieldKind::Custom, {});
-  f.read = read;
-  f.write = write;
-  f.text = text;
-  return f;
+  return CustomOf<ListObject>(tag, read, write, text);
 }
 
 }  // namespace field

@@ -13,41 +13,15 @@
 #include "tessaron/messaging/xml_bldr.h"
 #include "tessaron/platform/error.h"
 #include "tessaron/framework/detail/list_object_access.h"
+#include "tessaron/framework/detail/response_reading.h"
 
 namespace tessaron {
 
 namespace {
 
-// The responses of a message: the children of QBXMLMsgsRs (document child 1 is QBXML,
-// child 0 the XML declaration).
-XmlNodeList Responses(const XmlDocument& doc) { return doc.childNodes().item(1).childNodes().item(0).childNodes(); }
-
-// The response attributes as the commit reads them: the element's text form split at
-// every double quote, relying on QuickBooks' attribute order (requestID, statusCode,
-// statusSeverity, statusMessage).
-struct ResponseStatus {
-  long requestId = 0;
-  int32_t code = 0;
-  std::string message;
-};
-
-ResponseStatus ReadResponseStatus(const XmlNode& node) {
-  const std::string text = node.xml();
-  std::vector<std::string_view> tokens;
-  size_t start = 0;
-  for (;;) {
-    size_t quote = text.find('"', start);
-    tokens.emplace_back(std::string_view(text).substr(start, quote == std::string::npos ? std::string::npos : quote - start));
-    if (quote == std::string::npos) break;
-    start = quote + 1;
-  }
-  auto token = [&](size_t i) { return i < tokens.size() ? std::string(tokens[i]) : std::string(); };
-  ResponseStatus status;
-  status.requestId = static_cast<long>(Variant(token(1)).ToInteger());
-  status.code = static_cast<int32_t>(Variant(token(3)).ToInteger());
-  status.message = token(7);
-  return status;
-}
+using detail::ReadResponseStatus;
+using detail::Responses;
+using detail::ResponseStatus;
 
 constexpr std::string_view kQuickBooksPrefix = "QuickBooks error message: ";
 

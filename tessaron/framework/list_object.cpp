@@ -1,7 +1,5 @@
 #include "tessaron/framework/list_object.h"
 
-#include <charconv>
-
 #include "tessaron/connection/library_state.h"
 #include "tessaron/foundation/enumerations.h"
 #include "tessaron/foundation/error_numbers.h"
@@ -11,75 +9,11 @@
 #include "tessaron/messaging/xml_bldr.h"
 #include "tessaron/platform/error.h"
 #include "tessaron/platform/text.h"
+#include "tessaron/framework/detail/field_walker.h"
 #include "tessaron/framework/detail/list_object_access.h"
 
 namespace tessaron {
 
-namespace {
-
-int16_t Int16FromText(std::string_view text) {
-  text = Trim(text);
-  int value = 0;
-  auto [end, ec] = std::from_chars(text.data(), text.data() + text.size(), value);
-  if (ec != std::errc() || end != text.data() + text.size() || value < INT16_MIN || value > INT16_MAX) {
-    RaisePlatform(ec == std::errc::result_out_of_range || (ec == std::errc() && end == text.data() + text.size())
-                      ? platform_error::kOverflow
-                      : platform_error::kTypeMismatch);
-  }
-  return static_cast<int16_t>(value);
-}
-
-template <class T>
-T& At(ListObject& obj, const FieldMember& member) {
-  return obj.*std::get<T ListObject::*>(member);
-}
-
-bool IsSet(const FieldDef& row, ListObject& obj) {
-  switch (row.kind) {
-    case FieldKind::Text: return !At<std::string>(obj, row.member).empty();
-    case FieldKind::Int16: return At<int16_t>(obj, row.member) != 0;
-    case FieldKind::DateTime:
-    case FieldKind::Date: return At<Date>(obj, row.member) != 0;
-    case FieldKind::Amount:
-    case FieldKind::Quantity:
-    case FieldKind::Percent: return At<Currency>(obj, row.member) != Currency();
-    case FieldKind::Enum: return At<int32_t>(obj, row.member) != 0;
-    default: return true;
-  }
-}
-
-bool IsPositive(const FieldDef& row, ListObject& obj) {
-  switch (row.kind) {
-    case FieldKind::Int16: return At<int16_t>(obj, row.member) > 0;
-    case FieldKind::Amount:
-    case FieldKind::Quantity:
-    case FieldKind::Percent: return At<Currency>(obj, row.member) > Currency();
-    case FieldKind::Enum: return At<int32_t>(obj, row.member) > 0;
-    default: return IsSet(row, obj);
-  }
-}
-
-std::string ValueText(const FieldDef& row, ListObject& obj, WriteMode mode) {
-  switch (row.kind) {
-    case FieldKind::Text: return At<std::string>(obj, row.member);
-    case FieldKind::Boolean: {
-      bool b = At<bool>(obj, row.member);
-      if (mode == WriteMode::QueryRs && obj.ClassInfo().queryBooleans == QueryBooleans::Words) return b ? "true" : "false";
-      return BooleanToText(b);
-    }
-    case FieldKind::Int16: return std::to_string(At<int16_t>(obj, row.member));
-    case FieldKind::DateTime: return DateTimeToText(At<Date>(obj, row.member));
-    case FieldKind::Date: return DateToText(At<Date>(obj, row.member));
-    case FieldKind::Amount: return AmountToText(At<Currency>(obj, row.member));
-    case FieldKind::Quantity: return QuantityToText(At<Currency>(obj, row.member));
-    case FieldKind::Percent: return PercentRateToText(At<Currency>(obj, row.member));
-    case FieldKind::Enum:
-      return EnumCodeToXML(At<int32_t>(obj, row.member), static_cast<qoEnumerationType>(row.aux));
-    default: return {};
-  }
-}
-
-}  // namespace
 
 int16_t SublevelUnder(const std::string& parentFullName) {
   if (parentFullName.empty()) return 0;
@@ -148,23 +82,11 @@ void ListObject::SetIfChanged(std::string& field, const std::string& value, Curr
 // ---- Reading ---------------------------------------------------------------------------
 
 Variant ListObject::FromDom(const XmlNode& obj) {
-  const std::vector<FieldDef>& rows = info_.fields;
-  // Elements arrive in the order of the rows, so the search starts behind the last match
-  // and goes round once: a record costs one comparison per element, not one per row.
   size_t next = 0;
   for (const XmlNode& child : obj.childNodes()) {
     std::string_view tag = child.baseName();
-    const FieldDef* match = nullptr;
-    for (size_t k = 0, n = rows.size(); k < n; ++k) {
-      const size_t at = next + k < n ? next + k : next + k - n;
-      if (rows[at].tag == tag) {
-        match = &rows[at];
-        next = at + 1;
-        break;
-      }
-    }
-    if (match) {
-      ReadRow(*match, child);
+    if (const FieldDef* match = detail::FindRow(info_.fields, tag, next)) {
+      detail::ReadRow(*match, *this, child);
     } else if (tag == "UserData") {
       userData_ = Variant(child.text());
     } else {
@@ -174,33 +96,6 @@ Variant ListObject::FromDom(const XmlNode& obj) {
   AfterFromDom();
   state_ = qoObjectStateClean;
   return Variant();
-}
-
-void ListObject::ReadRow(const FieldDef& row, const XmlNode& node) {
-  std::string scratch;
-  switch (row.kind) {
-    case FieldKind::Text: At<std::string>(*this, row.member).assign(node.textView(scratch)); break;
-    case FieldKind::Boolean: At<bool>(*this, row.member) = BooleanFromText(node.textView(scratch)); break;
-    case FieldKind::Int16: At<int16_t>(*this, row.member) = Int16FromText(node.textView(scratch)); break;
-    case FieldKind::DateTime:
-    case FieldKind::Date: At<Date>(*this, row.member) = DateFromText(node.textView(scratch)); break;
-    case FieldKind::Amount:
-    case FieldKind::Quantity:
-    case FieldKind::Percent: At<Currency>(*this, row.member) = CurrencyFromText(node.textView(scratch)); break;
-    case FieldKind::Ref: {
-      auto& ref = At<std::shared_ptr<qcListObjectRef>>(*this, row.member);
-      if (!ref) ref = std::make_shared<qcListObjectRef>(static_cast<qoEnumListType>(row.aux));
-      detail::ListObjectAccess::ReadFromNode(*ref, node);
-      break;
-    }
-    case FieldKind::Enum:
-      At<int32_t>(*this, row.member) = EnumXMLToCode(node.textView(scratch), static_cast<qoEnumerationType>(row.aux));
-      break;
-    case FieldKind::Dropped: break;
-    case FieldKind::Custom:
-      if (row.read) row.read(*this, node);
-      break;
-  }
 }
 
 // ---- Writing ---------------------------------------------------------------------------
@@ -227,69 +122,14 @@ int32_t ListObject::XMLQueryRs(xmlBldr& cxmlbldr) {
 }
 
 void ListObject::WriteRows(xmlBldr& b, WriteMode mode) {
-  for (const FieldDef& row : info_.fields) {
-    Send how = Send::Always;
-    Currency minVersion;
-    if (mode == WriteMode::Add) {
-      how = row.add;
-      minVersion = row.addMinVersion;
-    } else if (mode == WriteMode::Modify) {
-      how = row.mod;
-      minVersion = row.modMinVersion;
-    } else if (!row.inQuery) {
-      how = Send::Never;
-    }
-    if (how == Send::Never) continue;
-    if (mode != WriteMode::QueryRs && row.when && !row.when(*this)) continue;
-
-    const std::string tag(row.tag);
-    if (row.kind == FieldKind::Custom) {
-      if (row.write && State().QBXMLVersionNumber >= minVersion) row.write(*this, b, mode);
-      continue;
-    }
-    if (row.kind == FieldKind::Ref) {
-      auto& ref = At<std::shared_ptr<qcListObjectRef>>(*this, row.member);
-      if (!ref) continue;
-      if (mode == WriteMode::QueryRs) detail::ListObjectAccess::WriteQueryRs(*ref, b, ref->IsParent() ? std::string() : tag);
-      else WriteListRef(*ref, b, tag, how == Send::Forced, minVersion);
-      continue;
-    }
-    if (row.kind == FieldKind::Dropped) continue;
-    if (how == Send::IfSet && !IsSet(row, *this)) continue;
-    if (how == Send::IfPositive && !IsPositive(row, *this)) continue;
-    b.CreateElement(tag, ValueText(row, *this, mode), minVersion);
-  }
+  detail::WriteRows(info_.fields, *this, b, mode, info_.queryBooleans);
 }
 
 // ---- Display ---------------------------------------------------------------------------
 
 std::vector<ListObject::PropertyText> ListObject::Properties() {
-  std::vector<PropertyText> out;
-  out.reserve(info_.fields.size());
-  for (const FieldDef& row : info_.fields) {
-    if (!row.inQuery) continue;
-    std::string_view name = row.property.empty() ? row.tag : row.property;
-    if (row.kind == FieldKind::Custom) {
-      out.push_back({name, row.text ? row.text(*this) : std::string(), row.kind});
-    } else if (row.kind == FieldKind::Ref) {
-      const auto& ref = At<std::shared_ptr<qcListObjectRef>>(*this, row.member);
-      out.push_back({name, ref ? ref->FullName() : std::string(), row.kind});
-    } else if (row.tag == "FullName") {
-      out.push_back({name, FullName(), row.kind});
-    } else if (row.kind == FieldKind::Boolean) {
-      out.push_back({name, At<bool>(*this, row.member) ? "true" : "false", row.kind});
-    } else if ((row.kind == FieldKind::Date || row.kind == FieldKind::DateTime) && At<Date>(*this, row.member) == 0) {
-      out.push_back({name, std::string(), row.kind});
-    } else if (row.kind == FieldKind::Amount || row.kind == FieldKind::Quantity || row.kind == FieldKind::Percent) {
-      out.push_back({name, At<Currency>(*this, row.member).ToString(), row.kind});
-    } else if (row.kind == FieldKind::Enum) {
-      const int32_t code = At<int32_t>(*this, row.member);
-      out.push_back({name, code == 0 ? std::string() : ValueText(row, *this, WriteMode::QueryRs), row.kind});
-    } else {
-      out.push_back({name, ValueText(row, *this, WriteMode::QueryRs), row.kind});
-    }
-  }
-  return out;
+  const std::string fullName = FullName();
+  return detail::Properties(info_.fields, *this, &fullName);
 }
 
 // ---- Validation ------------------------------------------------------------------------

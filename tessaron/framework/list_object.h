@@ -63,6 +63,8 @@ int16_t SublevelUnder(const std::string& parentFullName);
 
 class ListObject : public qcListObject {
  public:
+  // The class whose members the rows of a list class's field table point at.
+  using FieldOwner = ListObject;
   ~ListObject() override;
 
   // qcBase.
@@ -104,11 +106,7 @@ class ListObject : public qcListObject {
 
   // The record as property name and display text, in the order of the field table: what
   // a listing shows. References give the target's full name, FullName the computed one.
-  struct PropertyText {
-    std::string_view name;
-    std::string text;
-    FieldKind kind;
-  };
+  using PropertyText = FieldText;
   std::vector<PropertyText> Properties();
 
   // Rows for the common fields, in the form most classes use.
@@ -187,7 +185,6 @@ class ListObject : public qcListObject {
 
  private:
   void WriteRows(xmlBldr& cxmlbldr, WriteMode mode);
-  void ReadRow(const FieldDef& row, const XmlNode& node);
 
   const ListClassInfo& info_;
   std::shared_ptr<qcErrors> errors_;

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "tessaron/company/company.h"
+#include "tessaron/transactions/invoices.h"
 #include "tessaron/company/preferences.h"
 #include "tessaron/connection/library_state.h"
 #include "tessaron/connection/tessaron_globals.h"
@@ -181,11 +182,19 @@ TEST(CompanyLists, RegistryHandsOutTheMasterInstances) {
 
 TEST(CompanyLists, CollectionsStillToComeSayTheyAreNotAvailable) {
   CompanySession qb;
-  const auto e = testing::Raised([] { TessaronGlobals::Invoices(); });
+  const auto e = testing::Raised([] { TessaronGlobals::Bills(); });
   ASSERT_TRUE(e);
   EXPECT_EQ(static_cast<uint32_t>(e->Number()), err::kFeatureNotSupported);
-  EXPECT_EQ(e->Description(), "Invoices is not available in this version of Tessaron.");
-  EXPECT_EQ(NumberRaised([&] { qb.company()->Invoices(); }), err::kFeatureNotSupported);
+  EXPECT_EQ(e->Description(), "Bills is not available in this version of Tessaron.");
+  EXPECT_EQ(NumberRaised([&] { qb.company()->Bills(); }), err::kFeatureNotSupported);
+}
+
+TEST(CompanyLists, InvoicesAreTheCompanysMasterInstance) {
+  CompanySession qb;
+  auto invoices = qb.company()->Invoices();
+  ASSERT_NE(invoices, nullptr);
+  EXPECT_TRUE(invoices->IsMaster());
+  EXPECT_EQ(TessaronGlobals::Invoices(), invoices);
 }
 
 TEST(CompanyLists, ValidateAllReportsEachFailingListAndGoesOn) {

@@ -187,6 +187,13 @@ INSTANTIATE_TEST_SUITE_P(
                        "<InvoiceLineAdd><ItemRef><FullName>Hardware</FullName></ItemRef><Rate>100</Rate>"
                        "</InvoiceLineAdd>",
                        {"100.00"}, "100.00", "7.75", "107.75"},
+        // The city tax line takes 1.5 % of the taxable 48.00 and belongs to the subtotal;
+        // the header's state tax is 6.25 % of 48.00.
+        ArithmeticCase{"TaxLineInTheBodyBelongsToTheSubtotal", "Test Taxable", "",
+                       "<InvoiceLineAdd><ItemRef><FullName>Hardware</FullName></ItemRef><Quantity>2</Quantity>"
+                       "</InvoiceLineAdd><InvoiceLineAdd><ItemRef><FullName>City Tax</FullName></ItemRef>"
+                       "</InvoiceLineAdd>",
+                       {"48.00", "0.72"}, "48.72", "3.00", "51.72"},
         // Install Kit: two hardware sets (taxable) and a delivery, twice over.
         ArithmeticCase{"GroupExpandsIntoItsMembers", "Test Taxable", "",
                        "<InvoiceLineGroupAdd><ItemGroupRef><FullName>Install Kit</FullName></ItemGroupRef>"
