@@ -30,6 +30,7 @@
 #include "bench/bench_support.h"
 #include "tessaron/connection/library_state.h"
 #include "tessaron/lists/customers.h"
+#include "tessaron/transactions/invoices.h"
 #include "tessaron/platform/request_processor.h"
 
 namespace {
@@ -272,7 +273,10 @@ int main(int argc, char** argv) {
   benchmark::RegisterBenchmark("BM_ReadAgain/customers", BM_ReadAgain<tessaron::Customers>, &CustomersText())
       ->Unit(benchmark::kMillisecond)->MinWarmUpTime(0.5);
   benchmark::RegisterBenchmark("BM_BareParse/invoices", BM_BareParse, &InvoicesText())->Unit(benchmark::kMillisecond)->MinWarmUpTime(0.5);
-  // TODO: BM_Read/invoices, once the Invoices collection reads answers.
+  benchmark::RegisterBenchmark("BM_Read/invoices", BM_Read<tessaron::Invoices>, &InvoicesText())
+      ->Unit(benchmark::kMillisecond)->MinWarmUpTime(0.5);
+  benchmark::RegisterBenchmark("BM_ReadAgain/invoices", BM_ReadAgain<tessaron::Invoices>, &InvoicesText())
+      ->Unit(benchmark::kMillisecond)->MinWarmUpTime(0.5);
   benchmark::RunSpecifiedBenchmarks(&reporter);
   benchmark::Shutdown();
   return 0;
