@@ -150,12 +150,12 @@ std::string XmlNode::text() const {
 }
 
 std::string_view XmlNode::textView(std::string& scratch) const {
-  if (node_.type() == pugi::node_element) {
-    pugi::xml_node first = node_.first_child();
-    if (!first) return {};
+  if (attr_) return attr_.value();
+  // Only elements have element or text children, so the child alone decides the common case.
+  if (pugi::xml_node first = node_.first_child()) {
     if (!first.next_sibling() && first.type() == pugi::node_pcdata) return Trimmed(first.value());
-  } else if (attr_) {
-    return attr_.value();
+  } else if (node_.type() == pugi::node_element) {
+    return {};
   }
   scratch = text();
   return scratch;
