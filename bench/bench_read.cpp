@@ -215,7 +215,12 @@ void BM_Read(benchmark::State& state, const std::string* text) {
     const size_t before = BytesInUse();
     auto list = std::make_unique<List>();
     const long allocsBefore = tessaron::bench::Allocations();
-    list->GetAll();
+    try {
+      list->GetAll();
+    } catch (const tessaron::Error& e) {
+      state.SkipWithError((std::to_string(e.Number()) + " " + e.Source() + ": " + e.Description()).c_str());
+      return;
+    }
     const long allocs = tessaron::bench::Allocations() - allocsBefore;
     if (list->Count() != kRecords) state.SkipWithError("records lost");
     state.counters["bytes_per_record"] = static_cast<double>(BytesInUse() - before) / kRecords;
@@ -238,6 +243,12 @@ template <class List>
 void BM_ReadAgain(benchmark::State& state, const std::string* text) {
   Connect(text);
   List list;
+  try {
+    list.GetAll();
+  } catch (const tessaron::Error& e) {
+    state.SkipWithError((std::to_string(e.Number()) + " " + e.Source() + ": " + e.Description()).c_str());
+    return;
+  }
   for (auto _ : state) benchmark::DoNotOptimize(list.GetAll());
   state.SetBytesProcessed(static_cast<int64_t>(state.iterations() * text->size()));
 }
@@ -273,6 +284,9 @@ int main(int argc, char** argv) {
   benchmark::RegisterBenchmark("BM_ReadAgain/customers", BM_ReadAgain<tessaron::Customers>, &CustomersText())
       ->Unit(benchmark::kMillisecond)->MinWarmUpTime(0.5);
   benchmark::RegisterBenchmark("BM_BareParse/invoices", BM_BareParse, &InvoicesText())->Unit(benchmark::kMillisecond)->MinWarmUpTime(0.5);
+  // TODO: the invoice read stops with error 91 in this in-memory session (no Company is
+  // open: the lines look up their items and the preferences through it); it reports the
+  // error instead of a time until the benchmark opens a company.
   benchmark::RegisterBenchmark("BM_Read/invoices", BM_Read<tessaron::Invoices>, &InvoicesText())
       ->Unit(benchmark::kMillisecond)->MinWarmUpTime(0.5);
   benchmark::RegisterBenchmark("BM_ReadAgain/invoices", BM_ReadAgain<tessaron::Invoices>, &InvoicesText())
