@@ -32,17 +32,36 @@ bool ToInt16(std::string_view s, int& out) {
   return true;
 }
 
+// The number at 1-based `start`, `length` characters, when they are all digits (what
+// QuickBooks sends): the same value ToInt16 gives, without its general parse.
+bool Digits(std::string_view s, size_t start, size_t length, int& out) {
+  if (start - 1 + length > s.size()) return false;
+  int v = 0;
+  for (size_t i = start - 1; i < start - 1 + length; ++i) {
+    const unsigned digit = static_cast<unsigned char>(s[i]) - '0';
+    if (digit > 9) return false;
+    v = v * 10 + static_cast<int>(digit);
+  }
+  out = v;
+  return true;
+}
+
+// A part of the date by position: digits directly, anything else as the platform converts it.
+bool Part(std::string_view s, size_t start, size_t length, int& out) {
+  return Digits(s, start, length, out) || ToInt16(Mid(s, start, length), out);
+}
+
 // The date read by the positions of "yyyy-mm-dd" and "yyyy-mm-ddThh:mm:ss".
 bool DateByPosition(std::string_view s, Date& out) {
   int y, m, d;
-  if (!ToInt16(Mid(s, 1, 4), y) || !ToInt16(Mid(s, 6, 2), m) || !ToInt16(Mid(s, 9, 2), d)) return false;
+  if (!Part(s, 1, 4, y) || !Part(s, 6, 2, m) || !Part(s, 9, 2, d)) return false;
   if (s.size() < 11) {
     if (y < 100 || y > 9999) return false;  // DateSerial's own range
     out = DateSerial(y, m, d);
     return true;
   }
   int h, mi, se;
-  if (!ToInt16(Mid(s, 12, 2), h) || !ToInt16(Mid(s, 15, 2), mi) || !ToInt16(Mid(s, 18, 2), se)) return false;
+  if (!Part(s, 12, 2, h) || !Part(s, 15, 2, mi) || !Part(s, 18, 2, se)) return false;
   // The parts are joined into text and converted, which checks every part: no roll-over.
   static const int kDays[] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
   if (y < 100 || y > 9999 || m < 1 || m > 12 || d < 1) return false;
@@ -68,7 +87,13 @@ Currency CurrencyFromText(std::string& text) {
   return Currency::Parse(text);
 }
 
-Date DateFromText(const std::string& text) {
+Currency CurrencyFromText(std::string_view text) {
+  if (text.empty()) return Currency();
+  if (text.back() == '%') text.remove_suffix(1);
+  return Currency::Parse(text);
+}
+
+Date DateFromText(std::string_view text) {
   if (text == "None") return kNullDate;
   Date d = kNullDate;
   if (DateByPosition(text, d)) return d;

@@ -26,13 +26,15 @@ namespace tessaron {
 // into `text`, so a caller holding "7.5%" is left with "7.5". The rest converts as a
 // number; text that is not one raises type mismatch (13).
 Currency CurrencyFromText(std::string& text);
+// The same conversion for text nobody needs back (a response being read).
+Currency CurrencyFromText(std::string_view text);
 
 // "None" and the empty text give the null date (0). "yyyy-mm-dd" is read by position
 // (the separators are never looked at; months and days roll over as DateSerial does);
 // "yyyy-mm-ddThh:mm:ss" adds the time, and anything behind position 19 (a zone) is
 // dropped. Text that fits neither goes through the general date conversion, whose
 // failure raises type mismatch (13).
-Date DateFromText(const std::string& text);
+Date DateFromText(std::string_view text);
 
 // Reads a qbXML boolean: "true" and "false" in any letter case, and numbers (0 is false,
 // any other number true), with surrounding blanks ignored. The empty text is false. Any

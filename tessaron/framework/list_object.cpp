@@ -83,6 +83,7 @@ void ListObject::SetIfChanged(std::string& field, const std::string& value, Curr
 // ---- Reading ---------------------------------------------------------------------------
 
 Variant ListObject::FromDom(const XmlNode& obj) {
+  size_t next = 0;
   for (const XmlNode& child : obj.childNodes()) {
     std::string_view tag = child.baseName();
     if (tag == "DataExtRet") {
@@ -91,7 +92,7 @@ Variant ListObject::FromDom(const XmlNode& obj) {
         continue;
       }
     }
-    if (const FieldDef* match = detail::FindRow(info_.fields, tag)) {
+    if (const FieldDef* match = detail::FindRow(info_.fields, tag, next)) {
       detail::ReadRow(*match, *this, child);
     } else if (tag == "UserData") {
       userData_ = Variant(child.text());

@@ -20,10 +20,11 @@ void qcListObjectRef::SetFullName(const std::string& value) {
 
 void qcListObjectRef::ReadFromNode(const XmlNode& node) {
   // Stored directly: reading a response does not drop the cached target.
+  std::string scratch;
   for (const XmlNode& child : node.childNodes()) {
     std::string_view tag = child.baseName();
-    if (tag == "ListID") listID_ = child.text();
-    else if (tag == "FullName") fullName_ = child.text();
+    if (tag == "ListID") listID_.assign(child.textView(scratch));
+    else if (tag == "FullName") fullName_.assign(child.textView(scratch));
   }
 }
 

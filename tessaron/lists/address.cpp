@@ -1,5 +1,6 @@
 #include "tessaron/lists/address.h"
 
+#include <iterator>
 #include <string_view>
 
 #include "tessaron/connection/library_state.h"
@@ -73,14 +74,20 @@ const char* Address::StateTag() {
 }
 
 void Address::FromDom(const XmlNode& node) {
+  std::string scratch;
+  const auto& lines = Lines();
+  const size_t kLines = std::size(lines);
+  size_t next = 0;  // the lines arrive in order: each search starts behind the last match
   for (const XmlNode& child : node.childNodes()) {
     std::string_view tag = child.baseName();
     // Whatever the edition, a state arrives in one of three names.
     if (tag == "Province" || tag == "County") tag = "State";
     bool known = false;
-    for (const LineRow& line : Lines()) {
-      if (line.tag == tag) {
-        this->*line.member = child.text();
+    for (size_t k = 0; k < kLines; ++k) {
+      const size_t at = (next + k) % kLines;
+      if (lines[at].tag == tag) {
+        (this->*lines[at].member).assign(child.textView(scratch));
+        next = at + 1;
         known = true;
         break;
       }

@@ -205,10 +205,14 @@ int32_t Customers::ListGetByActiveStatus(int32_t ActiveStatus, int32_t, int32_t,
 
 void Customers::AddKeyed(const std::shared_ptr<ListObject>& obj) {
   const std::string key = obj->CollectionKey();
-  if (Objects().Exists(key))
+  // One lookup per record: the collection refuses the duplicate, unchanged.
+  try {
+    Objects().Add(obj, key);
+  } catch (const Error& e) {
+    if (e.Number() != platform_error::kDuplicateKey) throw;
     throw Error(err::kDuplicateName, err::kDuplicateJobSource,
                 "The Customer:Job: " + key + " is duplicated in the QuickBooks file.");
-  Objects().Add(obj, key);
+  }
 }
 
 void Customers::AddParsed(const std::shared_ptr<ListObject>& obj, long) { AddKeyed(obj); }

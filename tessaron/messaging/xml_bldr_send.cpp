@@ -57,10 +57,10 @@ XmlDocument xmlBldr::SendToQB() {
   XmlDocument doc;
   try {
     doc = XmlDocument::Create();
-    std::string response = Exchange(true);
     // A response that does not parse is no error here: the document stays empty and the
-    // caller's walk finds nothing.
-    doc.loadXML(response);
+    // caller's walk finds nothing. The answer can be many megabytes: it is parsed where
+    // it lies, not copied.
+    doc.loadXMLInPlace(Exchange(true));
     doc.SetAsync(false);
   } catch (const Error& e) {
     PassOnFailure(e);

@@ -15,10 +15,14 @@ std::string_view LocalName(const char* name) {
 
 bool IsBlank(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; }
 
-void AppendTrimmed(std::string& out, const char* value) {
-  std::string_view v(value);
+std::string_view Trimmed(std::string_view v) {
   while (!v.empty() && IsBlank(v.front())) v.remove_prefix(1);
   while (!v.empty() && IsBlank(v.back())) v.remove_suffix(1);
+  return v;
+}
+
+void AppendTrimmed(std::string& out, const char* value) {
+  std::string_view v = Trimmed(value);
   if (v.empty()) return;
   if (!out.empty()) out.push_back(' ');
   out.append(v);
@@ -45,6 +49,11 @@ void CollectText(pugi::xml_node root, std::string& out) {
     n = n.next_sibling();
   }
 }
+
+// A document with the text it was parsed from in place.
+struct OwnedDocument : pugi::xml_document {
+  std::string text;
+};
 
 constexpr unsigned kParseOptions = pugi::parse_default | pugi::parse_declaration | pugi::parse_doctype |
                                    pugi::parse_pi | pugi::parse_comments;
@@ -140,6 +149,18 @@ std::string XmlNode::text() const {
   return out;
 }
 
+std::string_view XmlNode::textView(std::string& scratch) const {
+  if (attr_) return attr_.value();
+  // Only elements have element or text children, so the child alone decides the common case.
+  if (pugi::xml_node first = node_.first_child()) {
+    if (!first.next_sibling() && first.type() == pugi::node_pcdata) return Trimmed(first.value());
+  } else if (node_.type() == pugi::node_element) {
+    return {};
+  }
+  scratch = text();
+  return scratch;
+}
+
 std::string XmlNode::xml() const {
   Check();
   if (attr_) return std::string(attr_.name()) + "=\"" + attr_.value() + "\"";
@@ -233,7 +254,7 @@ XmlNode XmlAttributes::getNamedItem(std::string_view name) const {
 
 XmlDocument XmlDocument::Create() {
   XmlDocument d;
-  d.doc_ = std::make_shared<pugi::xml_document>();
+  d.doc_ = std::make_shared<OwnedDocument>();
   d.node_ = *d.doc_;
   return d;
 }
@@ -241,10 +262,24 @@ XmlDocument XmlDocument::Create() {
 bool XmlDocument::loadXML(std::string_view text) {
   Check();
   doc_->reset();
-  pugi::xml_parse_result r = doc_->load_buffer(text.data(), text.size(), kParseOptions, pugi::encoding_utf8);
+  static_cast<OwnedDocument&>(*doc_).text = std::string();  // text an earlier in-place load left
+  return Loaded(doc_->load_buffer(text.data(), text.size(), kParseOptions, pugi::encoding_utf8));
+}
+
+bool XmlDocument::loadXMLInPlace(std::string&& text) {
+  Check();
+  doc_->reset();
+  // Every document comes from Create, so it has room for its text.
+  auto& owned = static_cast<OwnedDocument&>(*doc_);
+  owned.text = std::move(text);
+  return Loaded(doc_->load_buffer_inplace(owned.text.data(), owned.text.size(), kParseOptions, pugi::encoding_utf8));
+}
+
+bool XmlDocument::Loaded(const pugi::xml_parse_result& r) {
   if (!r || !doc_->document_element()) {
     parseError_ = r ? "no document element" : r.description();
     doc_->reset();
+    static_cast<OwnedDocument&>(*doc_).text = std::string();
     return false;
   }
   parseError_.clear();

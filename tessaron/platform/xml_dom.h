@@ -40,6 +40,10 @@ class XmlNode {
   XmlNodeType nodeType() const;
   // Text content: for an element the trimmed texts of all descendants joined by one blank.
   std::string text() const;
+  // The same text without a copy where it can be had so (an element holding one text, an
+  // attribute); otherwise it is built in `scratch`. The view lives as long as the
+  // document, or the scratch.
+  std::string_view textView(std::string& scratch) const;
   // The node as XML text, without line breaks or indentation.
   std::string xml() const;
 
@@ -95,7 +99,8 @@ class XmlNodeList {
     XmlNode current_;
   };
   iterator begin() const { return iterator(XmlNode(doc_, parent_.first_child())); }
-  iterator end() const { return iterator(XmlNode(doc_, pugi::xml_node())); }
+  // The end compares by node only, so it holds no document.
+  iterator end() const { return iterator(XmlNode(nullptr, pugi::xml_node())); }
 
  private:
   friend class XmlNode;
@@ -134,6 +139,9 @@ class XmlDocument : public XmlNode {
   // Parses the text, replacing what the document held. Answers false when the text is
   // not well-formed, and leaves the document empty.
   bool loadXML(std::string_view text);
+  // As loadXML, for text the document may take over: it is parsed where it lies, without
+  // a copy, and kept as long as the document (its nodes point into it).
+  bool loadXMLInPlace(std::string&& text);
   void SetAsync(bool value) { async_ = value; }
   bool async() const { return async_; }
   // The root element, or the null node.
@@ -142,6 +150,8 @@ class XmlDocument : public XmlNode {
   const std::string& parseErrorReason() const { return parseError_; }
 
  private:
+  bool Loaded(const pugi::xml_parse_result& r);
+
   bool async_ = true;
   std::string parseError_;
 };

@@ -115,6 +115,7 @@ Variant TxnObject::FromDom(const XmlNode& obj) {
   linesNotLoaded_ = true;
   const std::string_view lineRet = info_.lineRet;
   const std::string_view lineGroupRet = info_.lineGroupRet;
+  size_t next = 0;
   for (const XmlNode& child : obj.childNodes()) {
     const std::string_view tag = child.baseName();
     if (!lineRet.empty() && (tag == lineRet || tag == lineGroupRet)) {
@@ -122,7 +123,7 @@ Variant TxnObject::FromDom(const XmlNode& obj) {
       linesNotLoaded_ = false;
     } else if (tag == "LinkedTxn") {
       linkedTxns_->ReadLink(child);
-    } else if (const TxnFieldDef* row = detail::FindRow(info_.fields, tag)) {
+    } else if (const TxnFieldDef* row = detail::FindRow(info_.fields, tag, next)) {
       detail::ReadRow(*row, *this, child);
     } else if (tag == "UserData") {
       userData_ = Variant(child.text());

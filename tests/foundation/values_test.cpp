@@ -106,12 +106,21 @@ INSTANTIATE_TEST_SUITE_P(
                       DateCase{"2004-02-29T13:05:09", DateSerial(2004, 2, 29) + TimeSerial(13, 5, 9)},
                       // The separators are never looked at, and the date part rolls over.
                       DateCase{"2004/02/29", DateSerial(2004, 2, 29)}, DateCase{"2004-13-01", DateSerial(2005, 1, 1)},
+                      // A part that is not plain digits is converted as a number on its own.
+                      DateCase{"2004- 2- 9", DateSerial(2004, 2, 9)},
+                      DateCase{"2004-02-29T 1:05:09", DateSerial(2004, 2, 29) + TimeSerial(1, 5, 9)},
                       // What does not fit the positions goes through the general conversion.
                       DateCase{"12/31/2004", DateSerial(2004, 12, 31)}));
 
 TEST(DateFromText, RaisesTypeMismatchForTextThatIsNoDate) {
   EXPECT_EQ(NumberRaised([] { DateFromText("abc"); }), 13u);
   EXPECT_EQ(NumberRaised([] { DateFromText("2004-02-30T10:00:00"); }), 13u);
+}
+
+TEST(CurrencyFromText, TextNobodyNeedsBackReadsTheSame) {
+  EXPECT_EQ(CurrencyFromText(std::string_view("7.5%")), Currency::Parse("7.5"));
+  EXPECT_EQ(CurrencyFromText(std::string_view()), Currency(0));
+  EXPECT_EQ(NumberRaised([] { CurrencyFromText(std::string_view("12 apples")); }), 13u);
 }
 
 TEST(CurrencyFromText, CutsAPercentSignAndWritesTheCutTextBack) {

@@ -42,6 +42,7 @@ class Gadget final : public ListObject {
     detail::ListObjectAccess::SetFullName(*termsRef_, v);
   }
   const std::string& Notes() const { return notes_; }
+  const std::string& AltContact() const { return altContact_; }
   Currency Opening() const { return opening_; }
   const std::shared_ptr<qcListObjectRef>& TermsRef() const { return termsRef_; }
 
@@ -104,6 +105,38 @@ TEST_F(ObjectTest, UnknownTagGoesToTheHookOnlyAndTheWalkGoesOn) {
   EXPECT_EQ(c.Errors()->Count(), 0);
   ASSERT_EQ(seen.size(), 1u);
   EXPECT_EQ(seen[0], "Unknown Field: Color|Class");
+}
+
+// The reader expects the elements in the order of the table and starts each search behind
+// the last match; elements in any other order, repeated, or among unknown ones must still
+// land in their fields.
+TEST_F(ObjectTest, FromDomReadsElementsInAnyOrder) {
+  std::vector<std::string> seen;
+  SetUnknownFieldHook([&](std::string_view message, std::string_view) { seen.emplace_back(message); });
+  Gadget g;
+  g.FromDom(Parse("<CustomerRet><Notes>n</Notes><Color>red</Color><AltContact>Bo</AltContact><TermsRef><FullName>"
+                  "Net 30</FullName></TermsRef><Name>Acme</Name><OpenBalance>7.5%</OpenBalance><ListID>80-1</ListID>"
+                  "<Notes>second</Notes><EditSequence>1000</EditSequence></CustomerRet>"));
+  SetUnknownFieldHook(nullptr);
+  EXPECT_EQ(g.ListID(), "80-1");
+  EXPECT_EQ(g.EditSequence(), "1000");
+  EXPECT_EQ(g.Name(), "Acme");
+  EXPECT_EQ(g.TermsRef()->FullName(), "Net 30");
+  EXPECT_EQ(g.Opening(), Currency::Parse("7.5"));
+  EXPECT_EQ(g.Notes(), "second");  // the last of a repeated element wins
+  EXPECT_EQ(seen, std::vector<std::string>{"Unknown Field: Color"});
+}
+
+// Values that are not in the plain form still read: blanks around a text, a date with a
+// blank in a part, an element whose text is split by a comment.
+TEST_F(ObjectTest, FromDomReadsOddlyWrittenValues) {
+  Gadget g;
+  g.FromDom(Parse("<CustomerRet><TimeCreated>2004- 2-29T 1:05:09</TimeCreated><Name>\n  Acme  \n</Name>"
+                  "<AltContact>B<!-- a note -->o</AltContact><OpenBalance> 1,234.50 </OpenBalance></CustomerRet>"));
+  EXPECT_EQ(g.Name(), "Acme");
+  EXPECT_EQ(g.AltContact(), "B o");
+  EXPECT_DOUBLE_EQ(g.TimeCreated(), DateSerial(2004, 2, 29) + TimeSerial(1, 5, 9));
+  EXPECT_EQ(g.Opening(), Currency::Parse("1234.5"));
 }
 
 TEST_F(ObjectTest, ConversionFailureRaisesAndKeepsTheState) {

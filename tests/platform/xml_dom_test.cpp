@@ -45,6 +45,63 @@ TEST(XmlDom, TextOfAnElementNestedDeeperThanTheStackIsCollected) {
   EXPECT_EQ(doc.childNodes().item(0).text(), "deep end");
 }
 
+// An answer of many megabytes is parsed where it lies: the document keeps the text, so
+// its nodes stay readable after the caller's variable is gone.
+TEST(XmlDom, TextParsedInPlaceLivesAsLongAsTheDocument) {
+  XmlNode ret;
+  {
+    XmlDocument doc = XmlDocument::Create();
+    std::string text = kResponse;
+    ASSERT_TRUE(doc.loadXMLInPlace(std::move(text)));
+    ret = doc.childNodes().item(1).childNodes().item(0).childNodes().item(0).childNodes().item(0);
+  }
+  std::string overwrite(4096, 'x');  // reuses what a freed text would have held
+  EXPECT_EQ(ret.childNodes().item(0).text(), "80000001-1");
+  EXPECT_EQ(ret.childNodes().item(2).text(), "Job 1");
+}
+
+TEST(XmlDom, LoadingAgainReplacesWhatWasParsedInPlace) {
+  XmlDocument doc = XmlDocument::Create();
+  ASSERT_TRUE(doc.loadXMLInPlace("<A><B>1</B></A>"));
+  EXPECT_FALSE(doc.loadXMLInPlace("<A><B></A>"));
+  EXPECT_TRUE(doc.documentElement().IsNull());
+  EXPECT_FALSE(doc.parseErrorReason().empty());
+  ASSERT_TRUE(doc.loadXML("<C>2</C>"));
+  EXPECT_EQ(doc.documentElement().text(), "2");
+}
+
+struct ViewCase {
+  const char* name;
+  const char* xml;
+  const char* text;
+};
+class TextViewTest : public ::testing::TestWithParam<ViewCase> {};
+// The view gives what text() gives, whatever the shape of the element.
+TEST_P(TextViewTest, GivesWhatTextGives) {
+  XmlDocument doc = XmlDocument::Create();
+  ASSERT_TRUE(doc.loadXML(GetParam().xml));
+  XmlNode e = doc.documentElement();
+  std::string scratch;
+  EXPECT_EQ(e.textView(scratch), GetParam().text);
+  EXPECT_EQ(e.text(), GetParam().text);
+}
+INSTANTIATE_TEST_SUITE_P(
+    Shapes, TextViewTest,
+    ::testing::Values(ViewCase{"OneText", "<A>Acme</A>", "Acme"}, ViewCase{"Blanks", "<A>\n  Acme  Inc \t</A>", "Acme  Inc"},
+                      ViewCase{"Empty", "<A/>", ""}, ViewCase{"OnlyBlanks", "<A>   </A>", ""},
+                      ViewCase{"Entities", "<A>a &amp; b</A>", "a & b"},
+                      ViewCase{"CData", "<A><![CDATA[<x>]]></A>", "<x>"},
+                      ViewCase{"Nested", "<A><B>8-1</B><C> Acme </C></A>", "8-1 Acme"},
+                      ViewCase{"SplitByComment", "<A>B<!-- c -->o</A>", "B o"}),
+    [](const ::testing::TestParamInfo<ViewCase>& info) { return std::string(info.param.name); });
+
+TEST(XmlDom, TextViewOfAnAttributeIsItsValue) {
+  XmlDocument doc = XmlDocument::Create();
+  ASSERT_TRUE(doc.loadXML("<A statusCode=\" 3100 \"/>"));
+  std::string scratch;
+  EXPECT_EQ(doc.documentElement().attributes().item(0).textView(scratch), " 3100 ");
+}
+
 TEST(XmlDom, MissingItemIsNullAndUsingItRaises91) {
   XmlDocument doc = XmlDocument::Create();
   ASSERT_TRUE(doc.loadXML("<A/>"));

@@ -1,7 +1,9 @@
 // A disk that fails: for each modifying request and for every N, the Nth read, write, sync
 // or lock of the company file fails. The request must then be carried out wholly or
-// refused with the database failure 0x80040420 and nothing done, and the file must open
-// again and pass SQLite's integrity check.
+// refused with the database failure 0x80040420 and nothing done: the same session answers
+// the next request, shows the file as it was (records, postings, balances, counters), and
+// carries out the same request when it is sent again. The file must open again and pass
+// SQLite's integrity check.
 #include <filesystem>
 #include <map>
 
@@ -17,7 +19,9 @@ using Op = FaultyVfs::Op;
 
 struct SweepCase {
   const char* name;
-  const char* request;  // {PARENT_ID}, {PARENT_SEQ} and {DOOMED_ID} are filled in
+  // {PARENT_ID}, {PARENT_SEQ}, {DOOMED_ID}, {CUSTOMER}, {INVOICE_ID}, {INVOICE_SEQ} and
+  // {INVOICE_LINE_ID} are filled in.
+  const char* request;
   const char* probe;    // a query whose answer shows whether the request was carried out
 };
 
@@ -27,7 +31,8 @@ std::string Signature(const std::string& response) {
   pugi::xml_document doc;
   doc.load_string(response.c_str());
   std::vector<pugi::xml_node> volatileNodes;
-  for (pugi::xpath_node n : doc.select_nodes("//ListID | //EditSequence | //TimeCreated | //TimeModified"))
+  for (pugi::xpath_node n : doc.select_nodes("//ListID | //TxnID | //TxnLineID | //EditSequence | //TimeCreated | "
+                                             "//TimeModified | //TimeDeleted"))
     volatileNodes.push_back(n.node());
   for (pugi::xml_node n : volatileNodes) n.parent().remove_child(n);
   std::ostringstream out;
@@ -58,8 +63,20 @@ class FaultSweep : public ::testing::TestWithParam<SweepCase> {
       if (parent == c.child_value("FullName")) {
         keys_["{PARENT_ID}"] = c.child_value("ListID");
         keys_["{PARENT_SEQ}"] = c.child_value("EditSequence");
+        keys_["{CUSTOMER}"] = c.child_value("FullName");
       }
+    // An invoice of the sample with its lines: the one that is modified, voided, deleted.
+    Response invoices(p->ProcessRequest(
+        t, Message("<InvoiceQueryRq requestID=\"1\"><IncludeLineItems>true</IncludeLineItems></InvoiceQueryRq>")));
+    for (pugi::xml_node inv : invoices.Records()) {
+      if (!inv.child("InvoiceLineRet")) continue;
+      keys_["{INVOICE_ID}"] = inv.child_value("TxnID");
+      keys_["{INVOICE_SEQ}"] = inv.child_value("EditSequence");
+      keys_["{INVOICE_LINE_ID}"] = inv.child("InvoiceLineRet").child_value("TxnLineID");
+      break;
+    }
     p->CloseConnection();
+    ASSERT_EQ(keys_.count("{INVOICE_ID}"), 1u) << "the sample has no invoice with lines";
   }
   static void TearDownTestSuite() { delete dir_; }
 
@@ -75,10 +92,15 @@ class FaultSweep : public ::testing::TestWithParam<SweepCase> {
     bool answered = false;  // false: refused with the database failure
     int status = -1;
     std::string probe;
+    // After a refusal: what the same session's next request (the probe) answered, and the
+    // status of the request sent once more.
+    std::string probeAfterRefusal;
+    int retryStatus = -1;
   };
 
-  // Sends the request to a fresh copy of the base file with the fault armed (n = 0: none),
-  // then opens the file again without faults and probes it.
+  // Sends the request to a fresh copy of the base file with the fault armed (n = 0: none);
+  // when it is refused, probes in the same session and sends it again. Then opens the file
+  // again without faults and probes it.
   Outcome Run(Op op, int n, bool send = true) {
     const std::string work = dir_->File("work.qbw");
     for (const char* suffix : {"", "-wal", "-shm"}) fs::remove(work + suffix);
@@ -102,6 +124,14 @@ class FaultSweep : public ::testing::TestWithParam<SweepCase> {
       }
       o.struck = n > 0 && FaultyVfs::Struck();
       FaultyVfs::Disarm();
+      if (send && !o.answered) {
+        try {
+          o.probeAfterRefusal = Signature(p->ProcessRequest(t, Message(GetParam().probe)));
+          o.retryStatus = Response(p->ProcessRequest(t, Request())).Status();
+        } catch (const Error& e) {
+          ADD_FAILURE() << "the session fails after the refusal: " << e.Description();
+        }
+      }
       p->CloseConnection();
     }
     auto file = CompanyFile::Open(work);
@@ -130,6 +160,7 @@ TEST_P(FaultSweep, EveryFailureLeavesTheRequestWhollyDoneOrRefusedAndTheFileSoun
   ASSERT_TRUE(clean.answered);
   ASSERT_EQ(clean.status, 0);
   ASSERT_NE(clean.probe, before) << "the probe does not show the change";
+  int refused = 0;
   for (Op op : {Op::Read, Op::Write, Op::Sync, Op::Lock}) {
     int n = 1;
     for (;; ++n) {
@@ -140,8 +171,11 @@ TEST_P(FaultSweep, EveryFailureLeavesTheRequestWhollyDoneOrRefusedAndTheFileSoun
         EXPECT_EQ(o.status, 0);
         EXPECT_TRUE(o.probe == clean.probe) << "answered, but not all of it was kept";
       } else {
-        EXPECT_TRUE(o.probe == before) << (o.probe == clean.probe ? "refused, but it was made"
-                                                                   : "refused, but some of it was kept");
+        ++refused;
+        EXPECT_TRUE(o.probeAfterRefusal == before)
+            << (o.probeAfterRefusal == clean.probe ? "refused, but it was made" : "refused, but some of it was kept");
+        EXPECT_EQ(o.retryStatus, 0) << "the same request, sent again, was not carried out";
+        EXPECT_TRUE(o.probe == clean.probe) << "sent again after a refusal, it left the file unlike one clean run";
       }
       if (HasFailure()) return;
     }
@@ -150,6 +184,8 @@ TEST_P(FaultSweep, EveryFailureLeavesTheRequestWhollyDoneOrRefusedAndTheFileSoun
       EXPECT_GT(n, 1) << OpName(op);
     }
   }
+  // Nor would one in which no failure ever led to a refusal.
+  EXPECT_GT(refused, 0);
 }
 
 TEST(DatabaseVfs, AVfsThatIsNotRegisteredIsRefusedWhenTheFileOpens) {
@@ -167,6 +203,13 @@ TEST(DatabaseVfs, AVfsThatIsNotRegisteredIsRefusedWhenTheFileOpens) {
     EXPECT_NE(e.Description().find("no-such-vfs"), std::string::npos) << e.Description();
   }
 }
+
+// The invoices with their lines, the balances of the customers and the accounts, and the
+// record of deleted invoices.
+constexpr const char* kInvoiceProbe =
+    "<InvoiceQueryRq requestID=\"1\"><IncludeLineItems>true</IncludeLineItems></InvoiceQueryRq>"
+    "<CustomerQueryRq requestID=\"2\"/><AccountQueryRq requestID=\"3\"/>"
+    "<TxnDeletedQueryRq requestID=\"4\"><TxnDelType>Invoice</TxnDelType></TxnDeletedQueryRq>";
 
 INSTANTIATE_TEST_SUITE_P(
     ModifyingRequests, FaultSweep,
@@ -188,7 +231,29 @@ INSTANTIATE_TEST_SUITE_P(
                   "<VendorQueryRq requestID=\"1\"/>"},
         SweepCase{"ClassDelete",
                   "<ListDelRq requestID=\"1\"><ListDelType>Class</ListDelType><ListID>{DOOMED_ID}</ListID></ListDelRq>",
-                  "<ClassQueryRq requestID=\"1\"/>"}),
+                  "<ClassQueryRq requestID=\"1\"/>"},
+        // An invoice posts to the receivable and income accounts and the customer's balance,
+        // and takes the next transaction and reference numbers.
+        SweepCase{"InvoiceAdd",
+                  "<InvoiceAddRq requestID=\"1\"><InvoiceAdd><CustomerRef><FullName>{CUSTOMER}</FullName>"
+                  "</CustomerRef><TxnDate>2024-05-01</TxnDate><InvoiceLineAdd><ItemRef><FullName>Labor</FullName>"
+                  "</ItemRef><Quantity>3</Quantity><Rate>40</Rate></InvoiceLineAdd><InvoiceLineAdd><ItemRef>"
+                  "<FullName>Hardware</FullName></ItemRef><Quantity>2</Quantity></InvoiceLineAdd></InvoiceAdd>"
+                  "</InvoiceAddRq>",
+                  kInvoiceProbe},
+        SweepCase{"InvoiceModify",
+                  "<InvoiceModRq requestID=\"1\"><InvoiceMod><TxnID>{INVOICE_ID}</TxnID><EditSequence>{INVOICE_SEQ}"
+                  "</EditSequence><Memo>Swept</Memo><InvoiceLineMod><TxnLineID>{INVOICE_LINE_ID}</TxnLineID>"
+                  "<Quantity>7</Quantity></InvoiceLineMod><InvoiceLineMod><TxnLineID>-1</TxnLineID><ItemRef>"
+                  "<FullName>Hardware</FullName></ItemRef></InvoiceLineMod></InvoiceMod></InvoiceModRq>",
+                  kInvoiceProbe},
+        SweepCase{"InvoiceVoid",
+                  "<TxnVoidRq requestID=\"1\"><TxnVoidType>Invoice</TxnVoidType><TxnID>{INVOICE_ID}</TxnID>"
+                  "</TxnVoidRq>",
+                  kInvoiceProbe},
+        SweepCase{"InvoiceDelete",
+                  "<TxnDelRq requestID=\"1\"><TxnDelType>Invoice</TxnDelType><TxnID>{INVOICE_ID}</TxnID></TxnDelRq>",
+                  kInvoiceProbe}),
     [](const ::testing::TestParamInfo<SweepCase>& info) { return std::string(info.param.name); });
 
 }  // namespace

@@ -40,10 +40,19 @@ T& At(Owner& obj, const BasicFieldMember<Owner>& member) {
   return obj.*std::get<T Owner::*>(member);
 }
 
+// The row of a child of the element being walked. The children arrive in the order of the
+// rows, so the search starts at `next` (behind the last match, 0 for the first child) and
+// goes round once: a record costs one comparison per child, not one per row.
 template <class Owner>
-const BasicFieldDef<Owner>* FindRow(const std::vector<BasicFieldDef<Owner>>& rows, std::string_view tag) {
-  for (const auto& row : rows)
-    if (row.tag == tag) return &row;
+const BasicFieldDef<Owner>* FindRow(const std::vector<BasicFieldDef<Owner>>& rows, std::string_view tag,
+                                    size_t& next) {
+  for (size_t k = 0, n = rows.size(); k < n; ++k) {
+    const size_t at = next + k < n ? next + k : next + k - n;
+    if (rows[at].tag == tag) {
+      next = at + 1;
+      return &rows[at];
+    }
+  }
   return nullptr;
 }
 
@@ -100,22 +109,20 @@ std::string ValueText(const BasicFieldDef<Owner>& row, Owner& obj, WriteMode mod
 
 template <class Owner>
 void ReadRow(const BasicFieldDef<Owner>& row, Owner& obj, const XmlNode& node) {
+  std::string scratch;
   switch (row.kind) {
-    case FieldKind::Text: At<std::string>(obj, row.member) = node.text(); break;
-    case FieldKind::Boolean: At<bool>(obj, row.member) = BooleanFromText(node.text()); break;
-    case FieldKind::Int16: At<int16_t>(obj, row.member) = Int16FromText(node.text()); break;
+    case FieldKind::Text: At<std::string>(obj, row.member).assign(node.textView(scratch)); break;
+    case FieldKind::Boolean: At<bool>(obj, row.member) = BooleanFromText(node.textView(scratch)); break;
+    case FieldKind::Int16: At<int16_t>(obj, row.member) = Int16FromText(node.textView(scratch)); break;
     case FieldKind::Int32:
-      At<int32_t>(obj, row.member) = static_cast<int32_t>(Variant(std::string(Trim(node.text()))).ToInteger());
+      At<int32_t>(obj, row.member) =
+          static_cast<int32_t>(Variant(std::string(Trim(node.textView(scratch)))).ToInteger());
       break;
     case FieldKind::DateTime:
-    case FieldKind::Date: At<Date>(obj, row.member) = DateFromText(node.text()); break;
+    case FieldKind::Date: At<Date>(obj, row.member) = DateFromText(node.textView(scratch)); break;
     case FieldKind::Amount:
     case FieldKind::Quantity:
-    case FieldKind::Percent: {
-      std::string text = node.text();
-      At<Currency>(obj, row.member) = CurrencyFromText(text);
-      break;
-    }
+    case FieldKind::Percent: At<Currency>(obj, row.member) = CurrencyFromText(node.textView(scratch)); break;
     case FieldKind::Ref: {
       auto& ref = At<std::shared_ptr<qcListObjectRef>>(obj, row.member);
       if (!ref) ref = std::make_shared<qcListObjectRef>(static_cast<qoEnumListType>(row.aux));
@@ -123,7 +130,7 @@ void ReadRow(const BasicFieldDef<Owner>& row, Owner& obj, const XmlNode& node) {
       break;
     }
     case FieldKind::Enum:
-      At<int32_t>(obj, row.member) = EnumXMLToCode(node.text(), static_cast<qoEnumerationType>(row.aux));
+      At<int32_t>(obj, row.member) = EnumXMLToCode(node.textView(scratch), static_cast<qoEnumerationType>(row.aux));
       break;
     case FieldKind::Dropped: break;
     case FieldKind::Custom:
