@@ -151,13 +151,13 @@ std::vector<OpenDocument> OpenDocuments(RequestContext& ctx, const std::string& 
     d.entity = ctx.store.FullNameOf(st.Text(2));
     if (d.entity.empty()) d.entity = "No Name";
     d.date = d.due = std::string(st.Text(3));
-    // An opening balance is kept open under the name's own ListID and has no document.
+    // A vendor's opening balance is kept open under the vendor's own ListID and has no document.
     d.kind = "Opening Balance";
     if (auto doc = ledger.ByTxnId(docId)) {
       d.kind = doc->kind;
       d.refNumber = doc->refNumber;
-      std::string_view due = FieldMap::Decode(doc->body).Get("DueDate");
-      if (!due.empty()) d.due = std::string(due);
+      const FieldMap fields = FieldMap::Decode(doc->body);  // the due date is a view into it
+      if (std::string_view due = fields.Get("DueDate"); !due.empty()) d.due = std::string(due);
     }
     d.daysLate = d.due.empty() ? 0 : static_cast<int>(asOf - ParseDate(d.due));
     d.bucket = d.daysLate <= 0 ? 0 : d.daysLate <= 30 ? 1 : d.daysLate <= 60 ? 2 : d.daysLate <= 90 ? 3 : 4;
