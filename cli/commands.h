@@ -18,7 +18,7 @@ void AddHostCommand(CLI::App& app, const GlobalOptions& global);
 void AddSendCommand(CLI::App& app, const GlobalOptions& global);
 void AddDemoCommand(CLI::App& app, const GlobalOptions& global);
 void AddListCommand(CLI::App& app, const GlobalOptions& global);
-// `show Invoice REFNUMBER`: one document as a person reads it.
+// `show KIND REFNUMBER`: one document (an invoice, a bill, ...) as a person reads it.
 void AddShowCommand(CLI::App& app, const GlobalOptions& global);
 // `report list` and `report run`.
 void AddReportCommand(CLI::App& app, const GlobalOptions& global);

@@ -6,7 +6,7 @@
 #include "cli/commands.h"
 #include "cli/session.h"
 #include "cli/company_view.h"
-#include "cli/invoice_view.h"
+#include "cli/txn_view.h"
 #include "qbsim/qbsim.h"
 #include "tessaron/connection/library_state.h"
 #include "tessaron/connection/tessaron_globals.h"

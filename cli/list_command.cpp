@@ -2,6 +2,7 @@
 //                          [--name-from A --name-to B] [--balance OP AMOUNT] [--tree] [--type KIND]
 //                          [--columns A,B,...] [--format table|json|csv]
 // tessaron list Invoices --company FILE [--from DATE --to DATE] [--customer NAME] [--open|--paid]
+//   (and every other kind of transaction: Bills with --vendor NAME, ...)
 #include <algorithm>
 #include <functional>
 #include <iostream>
@@ -10,10 +11,11 @@
 #include <vector>
 
 #include "cli/commands.h"
-#include "cli/invoice_view.h"
 #include "cli/list_columns.h"
-#include "cli/table_output.h"
 #include "cli/session.h"
+#include "cli/table_output.h"
+#include "cli/txn_kinds.h"
+#include "cli/txn_view.h"
 #include "qbsim/qbsim.h"
 #include "tessaron/connection/qb_connection.h"
 #include "tessaron/foundation/enum_codes.h"
@@ -166,15 +168,16 @@ void AddListCommand(CLI::App& app, const GlobalOptions& global) {
     bool tree = false;
     std::string columns;
     std::string type;
-    // Invoices only.
+    // Transactions only.
     std::string from;
     std::string to;
     std::string customer;
+    std::string vendor;
     bool open = false;
     bool paid = false;
   };
   auto args = std::make_shared<Args>();
-  cmd->add_option("COLLECTION", args->collection, "The collection, by its name: " + NamesText() + ", Invoices")
+  cmd->add_option("COLLECTION", args->collection, "The collection, by its name: " + NamesText() + ", " + TxnCollectionNames())
       ->required();
   cmd->add_option("--company", args->file, "The company file")->required();
   auto* all = cmd->add_flag("--all", args->all, "All records, active or not (the default)");
@@ -207,16 +210,19 @@ void AddListCommand(CLI::App& app, const GlobalOptions& global) {
       ->check(CLI::IsMember({"table", "json", "csv"}))
       ->capture_default_str();
 
-  auto* txnFrom = cmd->add_option("--from", args->from, "Invoices dated from this day on")->option_text("DATE");
-  auto* txnTo = cmd->add_option("--to", args->to, "Invoices dated up to this day")->option_text("DATE");
-  auto* customer = cmd->add_option("--customer", args->customer, "Invoices of this customer and its jobs")->option_text("NAME");
-  auto* open = cmd->add_flag("--open", args->open, "Invoices not fully paid");
-  cmd->add_flag("--paid", args->paid, "Paid invoices")->excludes(open);
-  const std::vector<CLI::Option*> invoiceOptions = {txnFrom, txnTo, customer, open};
+  auto* txnFrom = cmd->add_option("--from", args->from, "Transactions dated from this day on")->option_text("DATE");
+  auto* txnTo = cmd->add_option("--to", args->to, "Transactions dated up to this day")->option_text("DATE");
+  auto* customer =
+      cmd->add_option("--customer", args->customer, "Transactions of this customer and its jobs")->option_text("NAME");
+  auto* vendor = cmd->add_option("--vendor", args->vendor, "Transactions of this vendor")->option_text("NAME");
+  vendor->excludes(customer);
+  auto* open = cmd->add_flag("--open", args->open, "Invoices and bills not fully paid");
+  auto* paid = cmd->add_flag("--paid", args->paid, "Paid invoices and bills")->excludes(open);
+  const std::vector<CLI::Option*> txnOptions = {txnFrom, txnTo, customer, vendor, open, paid};
 
-  cmd->callback([args, &global, invoiceOptions, cmd] {
-    if (EqualsIgnoreCase(args->collection, "Invoices")) {
-      InvoiceFilter filter;
+  cmd->callback([args, &global, txnOptions, cmd] {
+    if (const TxnKindInfo* kind = FindTxnKind(args->collection)) {
+      TxnFilter filter;
       auto day = [](const std::string& text, const char* option) {
         if (text.empty()) return Date(0);
         Date d = 0;
@@ -225,14 +231,15 @@ void AddListCommand(CLI::App& app, const GlobalOptions& global) {
       };
       filter.from = day(args->from, "--from");
       filter.to = day(args->to, "--to");
-      filter.customer = args->customer;
+      filter.entity = args->customer.empty() ? args->vendor : args->customer;
+      if ((args->paid || args->open) && !kind->paidStatus)
+        throw CLI::ValidationError(args->paid ? "--paid" : "--open", std::string("does not apply to ") + kind->collection);
       filter.paidStatus = args->paid ? 2 : args->open ? 3 : 1;
-      ListInvoices(args->file, filter, args->format, global);
+      ListTransactions(args->file, *kind, filter, args->format, SplitColumnList(args->columns), global);
       return;
     }
-    for (const CLI::Option* o : invoiceOptions)
-      if (o->count() > 0) throw CLI::ValidationError(o->get_name(), "applies to Invoices only");
-    if (args->paid) throw CLI::ValidationError("--paid", "applies to Invoices only");
+    for (const CLI::Option* o : txnOptions)
+      if (o->count() > 0) throw CLI::ValidationError(o->get_name(), "applies to transactions only");
     std::shared_ptr<ListCollectionBase> list = CreateListCollection(args->collection);
     if (!list) throw CLI::ValidationError("COLLECTION", "is not a list collection; one of: " + NamesText());
     if (args->tree && args->format != "table") throw CLI::ValidationError("--tree", "shows a table only");

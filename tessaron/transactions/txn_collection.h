@@ -58,6 +58,8 @@ class TxnCollectionBase {
 
   long Count() const { return mCol_.Count(); }
   bool ItemExists(const Variant& vntIndexKey) const;
+  // Item without the class: by position from 1 or by TxnId; raises when absent.
+  std::shared_ptr<TxnObject> ItemObject(const Variant& vntIndexKey) const { return ItemBase(vntIndexKey); }
   // Local only: forgets the member; nothing is sent.
   void Remove(const Variant& vntIndexKey) { mCol_.Remove(vntIndexKey); }
   // Local only: forgets every member.

@@ -177,5 +177,39 @@ TEST_F(ListCommand, ChartOfAccountsTreeRollsBalancesUpWithNumberedNames) {
   }
 }
 
+TEST_F(ListCommand, TransactionsListByCustomerAndOpenStatusWithReferenceColumnsNamedPlainly) {
+  CommandRun all = Tessaron("list Invoices --format csv --columns RefNumber,Customer,BalanceRemaining" + Company());
+  ASSERT_EQ(all.status, 0) << all.out;
+  EXPECT_EQ(all.out.rfind("RefNumber,Customer,BalanceRemaining\r\n", 0), 0u) << all.out;
+  // Every open invoice is in the full listing; the open listing has no settled one.
+  CommandRun open = Tessaron("list invoices --open --format csv --columns RefNumber,BalanceRemaining" + Company());
+  ASSERT_EQ(open.status, 0) << open.out;
+  size_t rows = 0;
+  for (size_t at = open.out.find("\r\n") + 2; at < open.out.size(); at = open.out.find("\r\n", at) + 2, ++rows)
+    EXPECT_NE(open.out.substr(open.out.find(',', at) + 1, 2), "0\r") << open.out;
+  EXPECT_GT(rows, 0u);
+  const std::string customer = "Amber Bakery";
+  CommandRun one = Tessaron("list Invoices --format csv --columns Customer --customer \"" + customer + "\"" + Company());
+  ASSERT_EQ(one.status, 0) << one.out;
+  for (size_t at = one.out.find("\r\n") + 2; at < one.out.size(); at = one.out.find("\r\n", at) + 2)
+    EXPECT_EQ(one.out.compare(at, customer.size(), customer), 0) << one.out;
+}
+
+TEST_F(ListCommand, TransactionFiltersAreRefusedOnListsAndShowFindsADocumentByNumber) {
+  CommandRun wrong = Tessaron("list Customers --open" + Company());
+  EXPECT_NE(wrong.status, 0);
+  EXPECT_NE(wrong.out.find("applies to transactions only"), std::string::npos) << wrong.out;
+  CommandRun csv = Tessaron("list Invoices --format csv --columns RefNumber" + Company());
+  const size_t first = csv.out.find("\r\n") + 2;
+  const std::string number = csv.out.substr(first, csv.out.find("\r\n", first) - first);
+  CommandRun show = Tessaron("show invoice " + number + Company());
+  ASSERT_EQ(show.status, 0) << show.out;
+  EXPECT_EQ(show.out.rfind("Invoice " + number, 0), 0u) << show.out;
+  EXPECT_NE(show.out.find("Balance due"), std::string::npos) << show.out;
+  CommandRun missing = Tessaron("show Invoice NOSUCH" + Company());
+  EXPECT_NE(missing.status, 0);
+  EXPECT_NE(missing.out.find("No Invoice numbered NOSUCH."), std::string::npos) << missing.out;
+}
+
 }  // namespace
 }  // namespace tessaron

@@ -1,4 +1,4 @@
-#include "cli/invoice_view.h"
+#include "cli/txn_view.h"
 
 #include <algorithm>
 #include <ostream>
@@ -7,6 +7,7 @@
 #include "tessaron/lists/address.h"
 #include "tessaron/platform/text.h"
 #include "tessaron/transactions/invoice.h"
+#include "tessaron/transactions/txn_object.h"
 #include "tessaron/transactions/txn_item_line.h"
 #include "tessaron/transactions/txn_item_lines.h"
 
@@ -99,20 +100,87 @@ void PrintInvoice(Invoice& inv, std::ostream& out) {
   if (!inv.Memo().empty()) out << "\nMemo: " << inv.Memo() << "\n";
 }
 
-Table InvoiceTable(const std::vector<std::shared_ptr<Invoice>>& invoices) {
+namespace {
+
+// "CustomerRef" -> "Customer": the name a reader looks for.
+std::string ColumnName(std::string_view property) {
+  std::string name(property);
+  if (name.size() > 3 && name.ends_with("Ref")) name.resize(name.size() - 3);
+  return name;
+}
+
+// The parts of a record every document has, or that its title line already shows.
+bool InTitle(std::string_view name) {
+  for (std::string_view n : {"TxnID", "TimeCreated", "TimeModified", "EditSequence", "TxnNumber", "RefNumber", "TxnDate"})
+    if (name == n) return true;
+  return false;
+}
+
+std::string ShownText(const FieldText& f) {
+  if (f.kind == FieldKind::Amount && !f.text.empty()) {
+    Currency value;
+    if (Currency::TryParse(f.text, value)) return Money(value);
+  }
+  return f.text;
+}
+
+}  // namespace
+
+void PrintTxn(TxnObject& txn, std::ostream& out) {
+  const std::vector<FieldText> fields = txn.Properties();
+  std::string number, date;
+  for (const FieldText& f : fields) {
+    if (f.name == "RefNumber") number = f.text;
+    if (f.name == "TxnDate") date = f.text;
+  }
+  out << txn.ClassInfo().className << (number.empty() ? "" : " " + number);
+  if (!date.empty()) out << "    dated " << date;
+  out << "\n";
+  for (const FieldText& f : fields) {
+    if (InTitle(f.name) || f.text.empty() || f.kind == FieldKind::Custom) continue;
+    if (f.kind == FieldKind::Boolean && f.text == "false") continue;
+    if (f.kind == FieldKind::Amount && f.text == "0") continue;
+    out << Pad(ColumnName(f.name) + ":", 24) << ShownText(f) << "\n";
+  }
+  auto lines = txn.ItemLines();
+  if (!lines || lines->Count() == 0) return;
+  out << "\n" << Pad("Item", kItemWidth) << "  " << Pad("Description", kDescWidth) << "  " << Pad("Qty", kQtyWidth, true)
+      << "  " << Pad("Rate", kRateWidth, true) << "  " << Pad("Amount", kAmountWidth, true) << "\n";
+  out << std::string(kItemWidth + kDescWidth + kQtyWidth + kRateWidth + kAmountWidth + 8, '-') << "\n";
+  for (const auto& line : lines->NewEnum()) PrintLine(*line, 0, out);
+}
+
+void PrintDocument(TxnObject& txn, std::ostream& out) {
+  if (auto* invoice = dynamic_cast<Invoice*>(&txn)) PrintInvoice(*invoice, out);
+  else PrintTxn(txn, out);
+}
+
+Table TxnTable(const std::vector<std::shared_ptr<TxnObject>>& documents) {
   Table t;
-  t.columns = {"RefNumber", "TxnDate", "Customer", "DueDate", "Subtotal", "SalesTaxTotal", "Total", "BalanceRemaining",
-               "IsPaid"};
-  t.kinds = {FieldKind::Text,   FieldKind::Date,   FieldKind::Ref,    FieldKind::Date,   FieldKind::Amount,
-             FieldKind::Amount, FieldKind::Amount, FieldKind::Amount, FieldKind::Boolean};
-  for (const auto& inv : invoices) {
-    t.classes.emplace_back("Invoice");
-    t.rows.push_back({inv->RefNumber(), DateText(inv->TxnDate()), inv->Customer(), DateText(inv->DueDate()),
-                      inv->Subtotal().ToString(), inv->SalesTaxTotal().ToString(),
-                      (inv->Subtotal() + inv->SalesTaxTotal()).ToString(), inv->BalanceRemaining().ToString(),
-                      inv->IsPaid() ? "true" : "false"});
+  for (const auto& doc : documents) {
+    const std::vector<FieldText> fields = doc->Properties();
+    if (t.columns.empty()) {
+      for (const FieldText& f : fields) {
+        t.columns.push_back(ColumnName(f.name));
+        t.kinds.push_back(f.kind);
+      }
+    }
+    std::vector<std::string> row;
+    row.reserve(t.columns.size());
+    for (const FieldText& f : fields) row.push_back(f.text);
+    row.resize(t.columns.size());
+    t.rows.push_back(std::move(row));
+    t.classes.emplace_back(doc->ClassInfo().className);
   }
   return t;
+}
+
+const std::vector<std::string>& DefaultTxnColumns() {
+  static const std::vector<std::string> kColumns = {
+      "RefNumber", "TxnDate",     "Customer",   "Vendor",       "PayeeEntity",      "Account",
+      "DueDate",   "Subtotal",    "SalesTaxTotal", "TotalAmount", "Amount",         "AmountDue",
+      "CreditAmount", "OpenAmount", "BalanceRemaining", "CreditRemaining", "UnusedPayment"};
+  return kColumns;
 }
 
 }  // namespace tessaron::cli

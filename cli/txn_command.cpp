@@ -1,21 +1,23 @@
-// tessaron list Invoices --company FILE [--from DATE --to DATE] [--customer NAME] [--open|--paid]
-//                        [--format table|json|csv]
-// tessaron show Invoice REFNUMBER --company FILE
+// tessaron list KINDS --company FILE [--from DATE --to DATE] [--customer NAME | --vendor NAME]
+//                     [--open|--paid] [--columns A,B] [--format table|json|csv]
+// tessaron show KIND REFNUMBER --company FILE
 #include <iostream>
 #include <memory>
 #include <string>
 #include <vector>
 
 #include "cli/commands.h"
-#include "cli/invoice_view.h"
+#include "cli/txn_view.h"
 #include "cli/session.h"
+#include "cli/txn_kinds.h"
+#include "cli/txn_view.h"
 #include "tessaron/connection/library_state.h"
 #include "tessaron/connection/tessaron_globals.h"
 #include "tessaron/foundation/enum_codes.h"
 #include "tessaron/foundation/qc_error.h"
 #include "tessaron/foundation/values.h"
 #include "tessaron/platform/error.h"
-#include "tessaron/transactions/invoices.h"
+#include "tessaron/transactions/txn_collection.h"
 
 namespace tessaron::cli {
 
@@ -46,26 +48,29 @@ void RaiseFirstError(qcErrors& errors, const char* source) {
   throw Error(e->Number(), source, e->Description());
 }
 
-std::vector<std::shared_ptr<Invoice>> Members(Invoices& invoices) {
-  std::vector<std::shared_ptr<Invoice>> out;
-  for (long i = 1; i <= invoices.Count(); ++i) out.push_back(invoices.Item(Variant(static_cast<int32_t>(i))));
+std::vector<std::shared_ptr<TxnObject>> Members(const TxnCollectionBase& documents) {
+  std::vector<std::shared_ptr<TxnObject>> out;
+  for (long i = 1; i <= documents.Count(); ++i) out.push_back(documents.ItemObject(Variant(static_cast<int32_t>(i))));
   return out;
 }
 
 }  // namespace
 
-void ListInvoices(const std::string& companyFile, const InvoiceFilter& filter, const std::string& format,
-                  const GlobalOptions& global) {
+void ListTransactions(const std::string& companyFile, const TxnKindInfo& kind, const TxnFilter& filter,
+                      const std::string& format, const std::vector<std::string>& columns,
+                      const GlobalOptions& global) {
   GlobalSession session(companyFile, "tessaron list", global);
-  Invoices invoices;  // the application's own collection, not the master
+  std::unique_ptr<TxnCollectionBase> documents = kind.make();  // the application's own, not the master
   if (filter.from != 0 || filter.to != 0)
-    invoices.GetByDateSpan(filter.from, filter.to, false, false, 0, filter.paidStatus, "", filter.customer, true);
-  else if (!filter.customer.empty())
-    invoices.GetByEntity({filter.customer}, true, false, 0, filter.paidStatus);
+    documents->GetByDateSpan(filter.from, filter.to, false, false, 0, filter.paidStatus, "", filter.entity, true);
+  else if (!filter.entity.empty())
+    documents->GetByEntity({filter.entity}, true, false, 0, filter.paidStatus);
   else
-    invoices.GetAll(false, 0, filter.paidStatus);
-  RaiseFirstError(*invoices.Errors(), "tessaron list");
-  Table table = InvoiceTable(Members(invoices));
+    documents->GetAll(false, 0, filter.paidStatus);
+  RaiseFirstError(*documents->Errors(), "tessaron list");
+  Table table = TxnTable(Members(*documents));
+  if (!columns.empty()) table = Select(table, columns, false);
+  else if (format == "table") table = Select(table, DefaultTxnColumns(), true);
   if (format == "table") FormatAmounts(table);
   if (format == "json") PrintJson(table);
   else if (format == "csv") PrintCsv(table);
@@ -80,18 +85,21 @@ void AddShowCommand(CLI::App& app, const GlobalOptions& global) {
     std::string file;
   };
   auto args = std::make_shared<Args>();
-  cmd->add_option("KIND", args->kind, "The kind of document: Invoice")->required()->check(CLI::IsMember({"Invoice"}, CLI::ignore_case));
+  cmd->add_option("KIND", args->kind, "The kind of document")->required()->check(CLI::IsMember(TxnKindNames(), CLI::ignore_case));
   cmd->add_option("REFNUMBER", args->number, "Its number")->required();
   cmd->add_option("--company", args->file, "The company file")->required();
   cmd->callback([args, &global] {
     GlobalSession session(args->file, "tessaron show", global);
-    Invoices invoices;
-    invoices.GetByRefNumber(args->number, args->number);
-    RaiseFirstError(*invoices.Errors(), "tessaron show");
-    if (invoices.Count() == 0) throw Error(err::kInvalidId, "tessaron show", "No invoice numbered " + args->number + ".");
-    for (const auto& inv : Members(invoices)) {
-      PrintInvoice(*inv, std::cout);
-      if (inv != Members(invoices).back()) std::cout << "\n";
+    const TxnKindInfo& kind = *FindTxnKind(args->kind);
+    std::unique_ptr<TxnCollectionBase> documents = kind.make();
+    documents->GetByRefNumber(args->number, args->number);
+    RaiseFirstError(*documents->Errors(), "tessaron show");
+    const auto found = Members(*documents);
+    if (found.empty())
+      throw Error(err::kInvalidId, "tessaron show", std::string("No ") + kind.kind + " numbered " + args->number + ".");
+    for (const auto& doc : found) {
+      if (doc != found.front()) std::cout << "\n";
+      PrintDocument(*doc, std::cout);
     }
   });
 }
