@@ -4,6 +4,7 @@
 
 #include <pugixml.hpp>
 
+#include "qbsim/event_delivery.h"
 #include "qbsim/request_context.h"
 #include "qbsim/request_table.h"
 #include "qbsim/status.h"
@@ -100,7 +101,16 @@ void WriteResponse(XmlOut& out, const std::string& name, const pugi::xml_node& r
   }
 }
 
+SubscriptionStore& StoreOf(const ProcessorOptions& options) {
+  return options.subscriptions ? *options.subscriptions : *ProcessSubscriptionStore();
+}
+
 }  // namespace
+
+EventHost HostOf(const SessionInfo& session, const ProcessorOptions& options) {
+  return {session.file->Path(), options.productName, options.productMajorVersion, options.productMinorVersion,
+          session.edition, session.newestVersion};
+}
 
 std::string AnswerMessage(const SessionInfo& session, const ProcessorOptions& options, const std::string& text) {
   pugi::xml_document doc;
@@ -117,7 +127,10 @@ std::string AnswerMessage(const SessionInfo& session, const ProcessorOptions& op
   MessageFaults(options, names, broken);
   if (!broken.empty()) return broken;
 
-  std::lock_guard lock(session.file->Mutex());
+  std::unique_lock lock(session.file->Mutex());
+  SubscriptionStore& subscriptions = StoreOf(options);
+  const bool tellSubscribers = subscriptions.WantsDataEvents();
+  std::vector<DataChange> changes;
   RequestContext ctx(*session.file, options, session.edition, MessageVersion(text, session, options.strict),
                      session.newestVersion);
   const RequestTable& table = RequestTable::Instance();
@@ -149,9 +162,14 @@ std::string AnswerMessage(const SessionInfo& session, const ProcessorOptions& op
     if (fault && fault->kind == Fault::Kind::DropResponse) continue;
     WriteResponse(out, ResponseName(rq.name()), rq, s, body.Str(),
                   !(fault && fault->kind == Fault::Kind::NoAttributes));
-    if (stopOnError && std::string_view(s.Severity()) == "Error") break;
+    const bool failed = std::string_view(s.Severity()) == "Error";
+    if (tellSubscribers && !failed)
+      if (std::optional<DataChange> change = ChangeOf(rq, body.Str())) changes.push_back(std::move(*change));
+    if (stopOnError && failed) break;
   }
   out.Raw("</QBXMLMsgsRs></QBXML>");
+  lock.unlock();
+  if (!changes.empty()) subscriptions.DeliverDataEvents(HostOf(session, options), changes);
   return out.Take();
 }
 
@@ -167,7 +185,7 @@ std::string AnswerSubscriptionMessage(const ProcessorOptions& options, const std
   if (!broken.empty()) return broken;
   if (options.strict)
     if (std::string problem = SchemaProblem(doc, options.schemaDir); !problem.empty()) ParseError(problem);
-  SubscriptionStore& store = options.subscriptions ? *options.subscriptions : *ProcessSubscriptionStore();
+  SubscriptionStore& store = StoreOf(options);
   XmlOut out;
   out.Raw(kDeclaration);
   out.Raw("<QBXML><QBXMLSubscriptionMsgsRs>");

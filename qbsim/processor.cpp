@@ -5,6 +5,7 @@
 #include <random>
 
 #include "qbsim/status.h"
+#include "qbsim/subscription_store.h"
 #include "tessaron/platform/error.h"
 #include "tessaron/platform/text.h"
 
@@ -77,6 +78,7 @@ std::string Processor::BeginSession(const std::string& companyFile, int32_t) {
   std::string ticket = NewTicket();
   sessions_.emplace(ticket, s);
   NoteOpened(s.file->Path());
+  Subscriptions().DeliverCompanyFileEvent(HostOf(s, options_), true);
   return ticket;
 }
 
@@ -84,13 +86,24 @@ void Processor::EndSession(const std::string& ticket) {
   auto it = sessions_.find(ticket);
   if (it == sessions_.end()) return;
   NoteClosed(it->second.file->Path());
+  const EventHost host = HostOf(it->second, options_);
   sessions_.erase(it);
+  Subscriptions().DeliverCompanyFileEvent(host, false);
 }
 
 void Processor::CloseConnection() {
-  for (auto& [ticket, s] : sessions_) NoteClosed(s.file->Path());
+  std::vector<EventHost> closed;
+  for (auto& [ticket, s] : sessions_) {
+    NoteClosed(s.file->Path());
+    closed.push_back(HostOf(s, options_));
+  }
   sessions_.clear();
+  for (const EventHost& host : closed) Subscriptions().DeliverCompanyFileEvent(host, false);
   connected_ = false;
+}
+
+SubscriptionStore& Processor::Subscriptions() const {
+  return options_.subscriptions ? *options_.subscriptions : *ProcessSubscriptionStore();
 }
 
 const SessionInfo& Processor::SessionFor(const std::string& ticket) const {

@@ -39,6 +39,8 @@ class Processor : public RequestProcessor {
 
  private:
   const SessionInfo& SessionFor(const std::string& ticket) const;
+  // The host's subscriptions: the options' store or the process's.
+  SubscriptionStore& Subscriptions() const;
   int AnnouncedVersion() const;
 
   ProcessorOptions options_;

@@ -9,6 +9,13 @@
 //
 // RegisterProcessor makes the processor the one the library creates under the
 // programmatic identifiers QBXMLRP.RequestProcessor and QBXMLRP2.RequestProcessor.
+//
+// Events: an application that subscribed (DataEventSubscriptionAdd, UIEventSubscriptionAdd)
+// receives the event texts QuickBooks would send through one handler of the host:
+//
+//   tessaron::qbsim::SetEventHandler([](const std::string& subscriberId, const std::string& xml) {
+//     qbEvent e; e.ParseXML(xml); ...
+//   });
 #pragma once
 
 #include <memory>
@@ -19,6 +26,7 @@
 #include "qbsim/processor_options.h"
 #include "qbsim/sample_company.h"
 #include "qbsim/status.h"
+#include "qbsim/subscription_store.h"
 
 namespace tessaron::qbsim {
 

@@ -54,6 +54,26 @@ std::string RetBody(const pugi::xml_node& add, std::string_view kind) {
   return body;
 }
 
+// What a subscription asks to be told of: every record type of a ListEventSubscription or
+// TxnEventSubscription with every operation of the same element, and the operations of a
+// CompanyFileEventSubscription.
+void ReadTracked(const pugi::xml_node& add, std::set<std::pair<std::string, std::string>>& tracked,
+                 std::set<std::string>& fileOperations) {
+  struct Part {
+    const char* element;
+    const char* type;
+    const char* operation;
+  };
+  for (const Part& part : {Part{"ListEventSubscription", "ListEventType", "ListEventOperation"},
+                           Part{"TxnEventSubscription", "TxnEventType", "TxnEventOperation"}})
+    for (pugi::xml_node sub : add.children(part.element))
+      for (pugi::xml_node type : sub.children(part.type))
+        for (pugi::xml_node op : sub.children(part.operation))
+          tracked.emplace(type.text().as_string(), op.text().as_string());
+  for (pugi::xml_node op : add.child("CompanyFileEventSubscription").children("CompanyFileEventOperation"))
+    fileOperations.insert(op.text().as_string());
+}
+
 Status Missing(const char* element) {
   return {status::kMissingElement, std::string("There is a missing element: \"") + element + "\"."};
 }
@@ -80,12 +100,14 @@ Status SubscriptionStore::Answer(const pugi::xml_node& request, XmlOut& body) {
       if (found != subscriptions_.end())
         return {status::kNameInUse, std::string("A subscription of type ") + k.kind + " for the subscriber \"" +
                                         id.text().as_string() + "\" already exists."};
-      found = subscriptions_.emplace(key, RetBody(source, k.kind)).first;
+      Entry entry{RetBody(source, k.kind), id.text().as_string(), {}, {}};
+      ReadTracked(source, entry.tracked, entry.fileOperations);
+      found = subscriptions_.emplace(key, std::move(entry)).first;
     } else if (found == subscriptions_.end()) {
       return status::NoMatch();
     }
     body.Open(k.ret);
-    body.Raw(found->second);
+    body.Raw(found->second.ret);
     body.Close(k.ret);
     return status::Ok();
   }
@@ -102,9 +124,61 @@ void SubscriptionStore::Clear() {
   subscriptions_.clear();
 }
 
+void SubscriptionStore::SetEventHandler(EventHandler handler) {
+  std::lock_guard lock(mutex_);
+  handler_ = std::move(handler);
+}
+
+bool SubscriptionStore::WantsDataEvents() const {
+  std::lock_guard lock(mutex_);
+  if (!handler_) return false;
+  for (const auto& [key, entry] : subscriptions_)
+    if (!entry.tracked.empty()) return true;
+  return false;
+}
+
+void SubscriptionStore::DeliverDataEvents(const EventHost& host, const std::vector<DataChange>& changes) {
+  std::vector<std::pair<std::string, std::string>> events;
+  {
+    std::lock_guard lock(mutex_);
+    if (!handler_) return;
+    for (const DataChange& change : changes)
+      for (const auto& [key, entry] : subscriptions_)
+        if (key.first == "Data" && entry.tracked.count({change.type, change.operation}))
+          events.emplace_back(entry.subscriberId, DataEventXml(host, change));
+  }
+  Deliver(events);
+}
+
+void SubscriptionStore::DeliverCompanyFileEvent(const EventHost& host, bool opened) {
+  std::vector<std::pair<std::string, std::string>> events;
+  {
+    std::lock_guard lock(mutex_);
+    if (!handler_) return;
+    for (const auto& [key, entry] : subscriptions_)
+      if (key.first == "UI" && entry.fileOperations.count(opened ? "Open" : "Close"))
+        events.emplace_back(entry.subscriberId, CompanyFileEventXml(host, opened));
+  }
+  Deliver(events);
+}
+
+// Outside the lock: a handler may well subscribe or send requests of its own.
+void SubscriptionStore::Deliver(const std::vector<std::pair<std::string, std::string>>& events) {
+  if (events.empty()) return;
+  EventHandler handler;
+  {
+    std::lock_guard lock(mutex_);
+    handler = handler_;
+  }
+  if (!handler) return;
+  for (const auto& [subscriber, xml] : events) handler(subscriber, xml);
+}
+
 std::shared_ptr<SubscriptionStore> ProcessSubscriptionStore() {
   static const auto store = std::make_shared<SubscriptionStore>();
   return store;
 }
+
+void SetEventHandler(SubscriptionStore::EventHandler handler) { ProcessSubscriptionStore()->SetEventHandler(std::move(handler)); }
 
 }  // namespace tessaron::qbsim
