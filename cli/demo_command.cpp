@@ -1,6 +1,9 @@
 // tessaron demo [--company FILE]
 #include <filesystem>
 #include <iostream>
+#include <vector>
+
+#include <pugixml.hpp>
 #include <unistd.h>
 
 #include "cli/commands.h"
@@ -9,11 +12,16 @@
 #include "cli/txn_view.h"
 #include "qbsim/qbsim.h"
 #include "tessaron/connection/library_state.h"
+#include "tessaron/company/company.h"
 #include "tessaron/connection/tessaron_globals.h"
+#include "tessaron/dataext/data_extension_definitions.h"
+#include "tessaron/dataext/data_extensions.h"
+#include "tessaron/events/qb_event.h"
 #include "tessaron/foundation/enumerations.h"
 #include "tessaron/foundation/qc_error.h"
 #include "tessaron/foundation/values.h"
 #include "tessaron/lists/account.h"
+#include "tessaron/lists/customers.h"
 #include "tessaron/lists/items.h"
 #include "tessaron/platform/text.h"
 #include "tessaron/transactions/invoices.h"
@@ -146,6 +154,52 @@ void AddInvoice(const std::string& customer) {
   PrintInvoice(*inv, std::cout);
 }
 
+// A custom field on customers, set on the demo customer, and the data event the change
+// produces. The demo subscribes like an application that wants to hear of changed
+// customers; the embedded processor calls its handler as QuickBooks would call the
+// application's callback object.
+void SetCustomFieldAndShowEvent(const std::string& customer) {
+  const std::string subscriber = "{7A3D5E21-0B4C-4F6E-8D9A-2C1B0E3F4A5D}";
+  auto host = qbsim::CreateProcessor();
+  host->OpenConnection("", "tessaron demo");
+  host->ProcessSubscription(
+      "<?xml version=\"1.0\"?><?qbxml version=\"8.0\"?><QBXML><QBXMLSubscriptionMsgsRq>"
+      "<DataEventSubscriptionAddRq><DataEventSubscriptionAdd><SubscriberID>" + subscriber + "</SubscriberID>"
+      "<COMCallbackInfo><AppName>tessaron demo</AppName><ProgID>Tessaron.Demo</ProgID></COMCallbackInfo>"
+      "<DeliveryPolicy>DeliverOnlyIfRunning</DeliveryPolicy><ListEventSubscription>"
+      "<ListEventType>Customer</ListEventType><ListEventOperation>Modify</ListEventOperation>"
+      "</ListEventSubscription></DataEventSubscriptionAdd></DataEventSubscriptionAddRq>"
+      "</QBXMLSubscriptionMsgsRq></QBXML>");
+  std::vector<std::string> received;
+  qbsim::SetEventHandler([&received](const std::string&, const std::string& xml) { received.push_back(xml); });
+
+  const std::string field = "Loyalty Tier";
+  auto definitions = TessaronGlobals::Company()->CustomFields();
+  if (!definitions->ItemExists(Variant(field))) {
+    definitions->Add(field, qbDataExtTypeSTR255TYPE)->AssignedTos().Add(qoObjectTypeCustomer);
+    definitions->Commit();
+  }
+  auto customers = TessaronGlobals::Customers();
+  auto c = customers->Item(Variant(customer));
+  c->CustomFields()->Item(Variant(field))->SetValue(Variant("Gold"));
+  customers->Commit();
+  std::cout << "\nCustom field \"" << field << "\" on customers, set to \""
+            << c->CustomFields()->Item(Variant(field))->Value().ToString() << "\" on \"" << customer << "\".\n";
+  qbsim::SetEventHandler(nullptr);
+
+  for (const std::string& xml : received) {
+    qbEvent e;
+    e.ParseXML(xml);
+    pugi::xml_document doc;
+    doc.load_string(xml.c_str());
+    const pugi::xml_node list = doc.first_element_by_path("QBXML/QBXMLEvents/DataEvent/ListEvent");
+    std::cout << "The subscription received a data event: " << list.child_value("ListEventType") << " "
+              << list.child_value("ListEventOperation") << ", ListID " << list.child_value("ListID") << ", from "
+              << e.ProductName << " " << e.MajorVersion << "." << e.MinorVersion << " on " << e.CompanyPath << "\n";
+  }
+  if (received.empty()) std::cout << "No data event arrived.\n";
+}
+
 }  // namespace
 
 void AddDemoCommand(CLI::App& app, const GlobalOptions& global) {
@@ -171,7 +225,9 @@ void AddDemoCommand(CLI::App& app, const GlobalOptions& global) {
     ShowItems(*TessaronGlobals::Items());
     auto customers = TessaronGlobals::Customers();
     ShowCustomerTree(*customers);
-    AddInvoice(AddAndReadBack(*customers));
+    const std::string demoCustomer = AddAndReadBack(*customers);
+    SetCustomFieldAndShowEvent(demoCustomer);
+    AddInvoice(demoCustomer);
     qb->CloseConnection();
     State().GlobalConnection.reset();
     std::cout << "Connection closed.\n";

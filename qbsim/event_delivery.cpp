@@ -60,9 +60,29 @@ void Tail(XmlOut& out, const char* event) {
 
 }  // namespace
 
-std::optional<DataChange> ChangeOf(const pugi::xml_node& request, const std::string& answerBody) {
+std::optional<DataChange> ChangeOf(const pugi::xml_node& request, const std::string& answerBody,
+                                   const ListIdLookup& listIdOf) {
   const std::string_view name = request.name();
   DataChange change;
+  if (name == "DataExtAddRq" || name == "DataExtModRq" || name == "DataExtDelRq") {
+    const std::string element(name.substr(0, name.size() - 2));  // DataExtAdd, DataExtMod, DataExtDel
+    const pugi::xml_node owner = request.child(element.c_str());
+    change.operation = "Modify";
+    if (pugi::xml_node list = owner.child("ListDataExtType")) {
+      change.type = list.text().as_string();
+      const pugi::xml_node ref = owner.child("ListObjRef");
+      change.id = ref.child("ListID").text().as_string();
+      if (change.id.empty() && listIdOf) change.id = listIdOf(change.type, ref.child("FullName").text().as_string());
+    } else if (pugi::xml_node txn = owner.child("TxnDataExtType")) {
+      change.type = txn.text().as_string();
+      change.id = owner.child("TxnID").text().as_string();
+    } else {
+      return std::nullopt;  // the company's own fields
+    }
+    change.isTxn = Has(kTxnTypes, change.type);
+    if (change.id.empty() || (!change.isTxn && !Has(kListTypes, change.type))) return std::nullopt;
+    return change;
+  }
   if (name == "ListDelRq" || name == "TxnDelRq" || name == "TxnVoidRq") {
     const bool list = name == "ListDelRq";
     change.isTxn = !list;

@@ -4,6 +4,7 @@
 // what they receive.
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
 
@@ -24,8 +25,11 @@ struct DataChange {
 
 // The change a request that succeeded made, read off the request and its answer's body;
 // nothing for a query or a request whose record kind no data event names. A void is a
-// modify of the transaction, as QuickBooks reports it.
-std::optional<DataChange> ChangeOf(const pugi::xml_node& request, const std::string& answerBody);
+// modify of the transaction, as QuickBooks reports it; so is a custom field added, changed
+// or removed on a record (`listIdOf` finds a record named by its full name only).
+using ListIdLookup = std::function<std::string(const std::string& type, const std::string& fullName)>;
+std::optional<DataChange> ChangeOf(const pugi::xml_node& request, const std::string& answerBody,
+                                   const ListIdLookup& listIdOf);
 
 // Who sends the event: the company file and the product.
 struct EventHost {

@@ -149,6 +149,11 @@ std::string AnswerMessage(const SessionInfo& session, const ProcessorOptions& op
 
   const bool stopOnError = std::string_view(set.attribute("onError").value()) != "continueOnError" &&
                            set.attribute("onError");
+  const ListIdLookup listIdOf = [&ctx](const std::string& type, const std::string& fullName) {
+    const std::string kinds[] = {type};
+    std::vector<ListRecord> found = ctx.store.ByFullName(kinds, fullName);
+    return found.empty() ? std::string() : found.front().listId;
+  };
   XmlOut out;
   out.Raw(kDeclaration);
   out.Raw("<QBXML><QBXMLMsgsRs>");
@@ -164,7 +169,7 @@ std::string AnswerMessage(const SessionInfo& session, const ProcessorOptions& op
                   !(fault && fault->kind == Fault::Kind::NoAttributes));
     const bool failed = std::string_view(s.Severity()) == "Error";
     if (tellSubscribers && !failed)
-      if (std::optional<DataChange> change = ChangeOf(rq, body.Str())) changes.push_back(std::move(*change));
+      if (std::optional<DataChange> change = ChangeOf(rq, body.Str(), listIdOf)) changes.push_back(std::move(*change));
     if (stopOnError && failed) break;
   }
   out.Raw("</QBXMLMsgsRs></QBXML>");

@@ -9,6 +9,9 @@
 #include <pugixml.hpp>
 
 #include "qbsim/qbsim.h"
+#include "tessaron/company/company.h"
+#include "tessaron/dataext/data_extension_definitions.h"
+#include "tessaron/dataext/data_extensions.h"
 #include "tessaron/connection/tessaron_globals.h"
 #include "tessaron/events/qb_event.h"
 #include "tessaron/lists/customer.h"
@@ -156,6 +159,23 @@ TEST_P(EventDelivery, ChangesNobodyTracksAndRefusedRequestsSendNothing) {
   }
   EXPECT_TRUE(taken->ListID().empty());
   EXPECT_TRUE(events.empty()) << events.front().xml;
+}
+
+TEST_P(EventDelivery, ACustomFieldSetOnACustomerIsAModifyOfTheCustomer) {
+  auto company = TessaronGlobals::Company();
+  auto tier = company->CustomFields()->Add("Tier", qbDataExtTypeSTR255TYPE);
+  tier->AssignedTos().Add(qoObjectTypeCustomer);
+  ASSERT_EQ(company->CustomFields()->Commit(), 0);
+  auto customers = TessaronGlobals::Customers();
+  customers->SetIncludeDataExtensions(true);
+  ASSERT_GT(customers->GetAll(), 0);
+  auto first = customers->Item(Variant(1));
+  events.clear();
+  first->CustomFields()->Item(Variant("Tier"))->SetValue(Variant("Gold"));
+  ASSERT_EQ(customers->Commit(), 0);
+  ASSERT_EQ(events.size(), 1u);
+  EXPECT_EQ(events[0].Field("QBXML/QBXMLEvents/DataEvent/ListEvent/ListEventOperation"), "Modify");
+  EXPECT_EQ(events[0].Field("QBXML/QBXMLEvents/DataEvent/ListEvent/ListID"), first->ListID());
 }
 
 INSTANTIATE_TEST_SUITE_P(US, EventDelivery, ::testing::Values(qbsim::Edition::US), EditionName);
