@@ -49,14 +49,9 @@ bool Invoice::IsPaid() const {
   return isPaid_;
 }
 
-bool Invoice::Validate() {
-  auto errors = Errors();
-  errors->Clear();
-  if (ObjectState() == qoObjectStateClean) return true;
-  ValidateARAccount(*errors);
-  if (Customer().empty()) errors->Add(err::kInvalidCustomer, "Customer", err::kInvalidCustomerText);
-  ValidateLines(*errors);
-  return errors->Count() == 0;
+void Invoice::ValidateHead(qcErrors& errors) {
+  ValidateARAccount(errors);
+  if (Customer().empty()) errors.Add(err::kInvalidCustomer, "Customer", err::kInvalidCustomerText);
 }
 
 int32_t Invoice::SaveAsqBill(const std::string& FilePath) {

@@ -48,15 +48,15 @@ class Invoice final : public SalesTxn {
   using SalesTxn::SuggestedDiscountAmount;
   using SalesTxn::SuggestedDiscountDate;
 
-  // Collects 0x800403F6/0x800407E4 (ARAccount), 0x800407E2 (Customer), 0x800403F3 per
-  // failing line, and 0x800407E6 when no line is left once the trailing empty lines
-  // (no item, no description) are removed. A Clean invoice passes untested.
-  bool Validate() override;
+  // Validate's head tests: 0x800403F6/0x800407E4 (ARAccount), 0x800407E2 (Customer).
   // Writes the customer, the company (as a vendor record) and the invoice to one file in
   // the saved form. Returns the builder's result.
   int32_t SaveAsqBill(const std::string& FilePath);
 
   using SalesTxn::UpdateDueDates;
+
+ protected:
+  void ValidateHead(qcErrors& errors) override;
 
  private:
   static const TxnClassInfo& Info();

@@ -378,18 +378,35 @@ void SalesTxn::ValidateARAccount(qcErrors& errors) {
     errors.Add(err::kNeedArAccount, "ARAccount", err::kNeedArAccountText);
 }
 
-void SalesTxn::ValidateLines(qcErrors& errors) {
+bool SalesTxn::Validate() {
+  auto errors = Errors();
+  errors->Clear();
+  if (ObjectState() == qoObjectStateClean) return true;
+  ValidateHead(*errors);
   txnItemLines& lines = Lines();
   long lastUsed = 0;
   for (long i = 1; i <= lines.Count(); ++i) {
     auto line = lines.Item(Variant(static_cast<int64_t>(i)));
     if (!detail::TxnAccess::Validate(*line))
-      errors.Add(err::kValidateFailed, std::to_string(i), err::kValidateFailedText);
+      errors->Add(err::kValidateFailed, std::to_string(i), err::kValidateFailedText);
     if (!line->Item().empty() || !line->Description().empty()) lastUsed = i;
   }
   // Trailing empty lines never reach QuickBooks.
   while (lines.Count() > lastUsed) lines.Remove(Variant(static_cast<int64_t>(lines.Count())));
-  if (lines.Count() == 0) errors.Add(err::kNeedLine, std::to_string(lines.Count()), err::kNeedLineText);
+  if (lines.Count() == 0) errors->Add(err::kNeedLine, std::to_string(lines.Count()), err::kNeedLineText);
+  return errors->Count() == 0;
+}
+
+void FillSalesAdd(SalesTxn& doc, const std::string& Customer, const std::string& RefNumber, Date TxnDate,
+                  const std::string& Class, const std::string& CustomerMessage, const std::string& Memo,
+                  const std::string& SalesRep) {
+  if (!Customer.empty()) doc.SetCustomer(Customer);
+  if (TxnDate != 0) doc.SetTxnDate(TxnDate);
+  if (!RefNumber.empty()) doc.SetRefNumber(RefNumber);
+  if (!Class.empty()) doc.SetClass(Class);
+  if (!CustomerMessage.empty()) doc.SetCustomerMessage(CustomerMessage);
+  if (!Memo.empty()) doc.SetMemo(Memo);
+  if (!SalesRep.empty()) doc.SetSalesRep(SalesRep);
 }
 
 }  // namespace tessaron

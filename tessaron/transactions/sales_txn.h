@@ -84,6 +84,12 @@ class SalesTxn : public TxnObject {
   // is taxable; else 0.
   void CalculateTax();
 
+  // The class's head tests (customer, account), then each line's own (0x800403F3 with the
+  // line number); trailing empty lines (no item, no description) are removed, and
+  // 0x800407E6 when none is left. True when Errors is empty; a Clean document passes
+  // untested.
+  bool Validate() override;
+
  protected:
   // A new document dated today (also its due and ship dates), with the company's default
   // FOB, ship method, printing flag, sales tax item and taxable tax code.
@@ -124,9 +130,8 @@ class SalesTxn : public TxnObject {
   // Conditions on the tax references that the other documents use instead.
   static bool HasDefaultTaxItem(const TxnObject&);
 
-  // The checks every member runs after its head tests: each line's own (0x800403F3 with
-  // the line number), the trailing empty lines removed, 0x800407E6 with no line left.
-  void ValidateLines(qcErrors& errors);
+  // The checks before the lines, in the class's order.
+  virtual void ValidateHead(qcErrors& errors) = 0;
   // 0x800403F6 or 0x800407E4 in field "ARAccount" for a wrong receivable account.
   void ValidateARAccount(qcErrors& errors);
   // Errors raised by the setters name the class: "Tessaron:Invoice".
@@ -181,5 +186,12 @@ class SalesTxn : public TxnObject {
   bool headerTaxIsTaxable_ = false;
   bool headerTaxKnown_ = false;
 };
+
+// What Add of every sales collection takes beside its own arguments: each is set only
+// when given (non-empty text, non-zero date), the customer first (it brings its terms,
+// tax settings and addresses).
+void FillSalesAdd(SalesTxn& doc, const std::string& Customer, const std::string& RefNumber, Date TxnDate,
+                  const std::string& Class, const std::string& CustomerMessage, const std::string& Memo,
+                  const std::string& SalesRep);
 
 }  // namespace tessaron
