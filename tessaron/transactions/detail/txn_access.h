@@ -68,6 +68,11 @@ class TxnAccess {
   static auto ReadLine(L& lines, const XmlNode& node, bool isGroup) {
     return lines.ReadLine(node, isGroup);
   }
+  // Expense lines have no groups.
+  template <class L>
+  static auto ReadLine(L& lines, const XmlNode& node) {
+    return lines.ReadLine(node);
+  }
   // Writes every line in the owner's dialect (Ret, Mod or Add).
   template <class L, class B>
   static void WriteLines(L& lines, B& builder, bool isRet, bool isMod) {
