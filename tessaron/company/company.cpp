@@ -14,6 +14,7 @@
 #include "tessaron/platform/error.h"
 #include "tessaron/framework/detail/list_object_access.h"
 #include "tessaron/transactions/invoices.h"
+#include "tessaron/transactions/purchase_collections.h"
 
 namespace tessaron {
 
@@ -28,6 +29,14 @@ std::shared_ptr<C> Master(Lists& lists, const char* key) {
   detail::ListObjectAccess::SetMaster(*list, true);
   if (key) lists.AddObject(list, key);
   return list;
+}
+
+// A master collection of transactions; transactions are not in the list registry.
+template <class C>
+std::shared_ptr<C> MasterTxns() {
+  auto txns = std::make_shared<C>();
+  detail::ListObjectAccess::SetMaster(*txns, true);
+  return txns;
 }
 
 }  // namespace
@@ -63,6 +72,14 @@ Company::Company()
   // Transactions are not in the list registry.
   invoices_ = std::make_shared<tessaron::Invoices>();
   detail::ListObjectAccess::SetMaster(*invoices_, true);
+  // The payables documents.
+  bills_ = MasterTxns<tessaron::Bills>();
+  checks_ = MasterTxns<tessaron::Checks>();
+  purchaseOrders_ = MasterTxns<tessaron::PurchaseOrders>();
+  vendorCredits_ = MasterTxns<tessaron::VendorCredits>();
+  creditCardCharges_ = MasterTxns<tessaron::CreditCardCharges>();
+  creditCardCredits_ = MasterTxns<tessaron::CreditCardCredits>();
+  itemReceipts_ = MasterTxns<tessaron::ItemReceipts>();
   // The entity list makes records of their own classes of its ...Ret elements.
   tessaron::Entities::RegisterEntityKind("CustomerRet", [] { return std::make_shared<Customer>(); });
   tessaron::Entities::RegisterEntityKind("VendorRet", [] { return std::make_shared<Vendor>(); });
@@ -229,12 +246,6 @@ int32_t Company::SetClearedStatus(int32_t ClearedStatus, const std::string& TxnI
   std::shared_ptr<tessaron::Name> Company::Name() { NotAvailable(#Name); }
 TESSARON_NOT_YET(SalesOrders)
 TESSARON_NOT_YET(JournalEntries)
-TESSARON_NOT_YET(Bills)
-TESSARON_NOT_YET(Checks)
-TESSARON_NOT_YET(PurchaseOrders)
-TESSARON_NOT_YET(VendorCredits)
-TESSARON_NOT_YET(CreditCardCharges)
-TESSARON_NOT_YET(CreditCardCredits)
 TESSARON_NOT_YET(TimeTrackings)
 TESSARON_NOT_YET(SalesReceipts)
 TESSARON_NOT_YET(CreditMemos)
@@ -246,7 +257,6 @@ TESSARON_NOT_YET(Deposits)
 TESSARON_NOT_YET(StatementCharges)
 TESSARON_NOT_YET(InventoryAdjustments)
 TESSARON_NOT_YET(SalesTaxPaymentChecks)
-TESSARON_NOT_YET(ItemReceipts)
 #undef TESSARON_NOT_YET
 
 // ---- The company of the session ------------------------------------------------------------

@@ -182,11 +182,11 @@ TEST(CompanyLists, RegistryHandsOutTheMasterInstances) {
 
 TEST(CompanyLists, CollectionsStillToComeSayTheyAreNotAvailable) {
   CompanySession qb;
-  const auto e = testing::Raised([] { TessaronGlobals::Bills(); });
+  const auto e = testing::Raised([] { TessaronGlobals::TimeTrackings(); });
   ASSERT_TRUE(e);
   EXPECT_EQ(static_cast<uint32_t>(e->Number()), err::kFeatureNotSupported);
-  EXPECT_EQ(e->Description(), "Bills is not available in this version of Tessaron.");
-  EXPECT_EQ(NumberRaised([&] { qb.company()->Bills(); }), err::kFeatureNotSupported);
+  EXPECT_EQ(e->Description(), "TimeTrackings is not available in this version of Tessaron.");
+  EXPECT_EQ(NumberRaised([&] { qb.company()->TimeTrackings(); }), err::kFeatureNotSupported);
 }
 
 TEST(CompanyLists, InvoicesAreTheCompanysMasterInstance) {
