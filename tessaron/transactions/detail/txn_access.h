@@ -73,6 +73,11 @@ class TxnAccess {
   static auto ReadLine(L& lines, const XmlNode& node) {
     return lines.ReadLine(node);
   }
+  // One linked document (a LinkedTxn, or an open bill or credit of a vendor), added last.
+  template <class L>
+  static void ReadLink(L& links, const XmlNode& node) {
+    links.ReadLink(node);
+  }
   // Writes every line in the owner's dialect (Ret, Mod or Add).
   template <class L, class B>
   static void WriteLines(L& lines, B& builder, bool isRet, bool isMod) {
