@@ -8,6 +8,7 @@
 #include "tessaron/lists/vendor.h"
 #include "tessaron/messaging/xml_bldr.h"
 #include "tessaron/platform/error.h"
+#include "tessaron/transactions/detail/line_checks.h"
 #include "tessaron/transactions/detail/txn_access.h"
 #include "tessaron/transactions/detail/txn_refs.h"
 #include "tessaron/transactions/txn_expense_lines.h"
@@ -206,30 +207,13 @@ bool PurchaseTxn::Validate() {
   ValidateHeader(*errors);
   if (ObjectState() == qoObjectStateClean) return errors->Count() == 0;
 
-  txnItemLines& lines = Lines();
-  long lastUsed = 0;
-  for (long i = 1; i <= lines.Count(); ++i) {
-    auto line = lines.Item(Variant(static_cast<int64_t>(i)));
-    if (!detail::TxnAccess::Validate(*line))
-      errors->Add(err::kValidateFailed, std::to_string(i), err::kValidateFailedText);
-    if (!line->Item().empty() || !line->Description().empty()) lastUsed = i;
-  }
-  // Trailing empty lines never reach QuickBooks.
-  while (lines.Count() > lastUsed) lines.Remove(Variant(static_cast<int64_t>(lines.Count())));
-  long expenseCount = 0;
-  if (expenseLines_) {
-    txnExpenseLines& expenses = *expenseLines_;
-    long lastExpense = 0;
-    for (long i = 1; i <= expenses.Count(); ++i) {
-      auto line = expenses.Item(Variant(static_cast<int64_t>(i)));
-      if (!detail::TxnAccess::Validate(*line))
-        errors->Add(err::kValidateFailed, std::to_string(i), err::kValidateFailedText);
-      if (!line->Account().empty() || line->Amount() != Currency() || !line->Memo().empty()) lastExpense = i;
-    }
-    while (expenses.Count() > lastExpense) expenses.Remove(Variant(static_cast<int64_t>(expenses.Count())));
-    expenseCount = expenses.Count();
-  }
-  if (lines.Count() == 0 && expenseCount == 0) errors->Add(err::kNeedLine, "0", err::kNeedLineText);
+  const long itemCount = detail::ValidateAndTrimLines(Lines(), *errors, detail::ItemLineHasContent<txnItemLine>);
+  const long expenseCount =
+      expenseLines_ ? detail::ValidateAndTrimLines(*expenseLines_, *errors, [](const txnExpenseLine& line) {
+        return !line.Account().empty() || line.Amount() != Currency() || !line.Memo().empty();
+      })
+                    : 0;
+  if (itemCount == 0 && expenseCount == 0) errors->Add(err::kNeedLine, "0", err::kNeedLineText);
   return errors->Count() == 0;
 }
 

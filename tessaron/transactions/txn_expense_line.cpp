@@ -135,13 +135,7 @@ void txnExpenseLine::FromDom(const XmlNode& node) {
 void txnExpenseLine::WriteLine(xmlBldr& b, bool isRet, bool isMod) {
   const std::string element = std::string("ExpenseLine") + (isRet ? "Ret" : isMod ? "Mod" : "Add");
   b.OpenAggregateOnly(element);
-  if (isMod) {
-    // "-1" tells QuickBooks that the line is new.
-    if (txnLineId_.empty()) txnLineId_ = "-1";
-    b.CreateElement("TxnLineID", txnLineId_);
-  } else if (isRet && !txnLineId_.empty()) {
-    b.CreateElement("TxnLineID", txnLineId_);
-  }
+  detail::WriteLineId(b, txnLineId_, isRet, isMod);
   WriteRef(b, accountRef_, "AccountRef", isRet);
   // A zero amount goes out only when the user typed one.
   if (amount_ != Currency() || !amountAsString_.empty()) b.CreateElement("Amount", AmountToText(amount_));

@@ -3,6 +3,7 @@
 #include "tessaron/events/qc_event_sink.h"
 #include "tessaron/foundation/qc_error.h"
 #include "tessaron/platform/error.h"
+#include "tessaron/transactions/detail/line_checks.h"
 #include "tessaron/transactions/detail/line_rules.h"
 
 namespace tessaron {
@@ -40,18 +41,8 @@ std::shared_ptr<txnExpenseLine> txnExpenseLines::Add(const std::string& Account,
   line->SetCustomer(Customer);
   line->SetMemo(Memo);
   line->SetEventSink(eventSink_);
-  if (Before != 0) {
-    (void)col_.Item(Before);  // a position outside the lines raises as the collection does
-    Collection<std::shared_ptr<txnExpenseLine>> rebuilt;
-    long position = 1;
-    for (const auto& entry : col_.Entries()) {
-      if (position++ == Before) rebuilt.Add(line);
-      rebuilt.Add(entry.value, entry.key);
-    }
-    col_ = std::move(rebuilt);
-  } else {
-    col_.Add(line);
-  }
+  if (Before != 0) detail::InsertBefore(col_, line, Before);
+  else col_.Add(line);
   line->SetLineKey(std::to_string(col_.Count()));
   RaiseAmountChange();
   return line;

@@ -8,6 +8,7 @@
 
 #include "tessaron/company/company.h"
 #include "tessaron/transactions/invoices.h"
+#include "tessaron/transactions/purchase_collections.h"
 #include "tessaron/company/preferences.h"
 #include "tessaron/connection/library_state.h"
 #include "tessaron/connection/tessaron_globals.h"
@@ -195,6 +196,19 @@ TEST(CompanyLists, InvoicesAreTheCompanysMasterInstance) {
   ASSERT_NE(invoices, nullptr);
   EXPECT_TRUE(invoices->IsMaster());
   EXPECT_EQ(TessaronGlobals::Invoices(), invoices);
+}
+
+TEST(CompanyLists, PayablesCollectionsAreTheCompanysMasterInstances) {
+  CompanySession qb;
+  auto company = qb.company();
+  EXPECT_TRUE(company->Bills()->IsMaster());
+  EXPECT_EQ(TessaronGlobals::Bills(), company->Bills());
+  EXPECT_EQ(TessaronGlobals::Checks(), company->Checks());
+  EXPECT_EQ(TessaronGlobals::PurchaseOrders(), company->PurchaseOrders());
+  EXPECT_EQ(TessaronGlobals::VendorCredits(), company->VendorCredits());
+  EXPECT_EQ(TessaronGlobals::CreditCardCharges(), company->CreditCardCharges());
+  EXPECT_EQ(TessaronGlobals::CreditCardCredits(), company->CreditCardCredits());
+  EXPECT_EQ(TessaronGlobals::ItemReceipts(), company->ItemReceipts());
 }
 
 TEST(CompanyLists, ValidateAllReportsEachFailingListAndGoesOn) {

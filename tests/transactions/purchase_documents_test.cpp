@@ -242,6 +242,54 @@ TEST(PurchaseRequests, AStoredBillWhoseExpenseLineChangedGoesAsAModify) {
   EXPECT_NE(At(sent, "<EditSequence>77</EditSequence>"), std::string::npos);
 }
 
+// Every kind's add, with both kinds of line where it has them, is what the schema allows.
+TEST(PurchaseRequests, EachKindsAddIsSchemaValid) {
+  PurchaseSession qb;
+  auto company = qb.company();
+  std::vector<std::string> sent;
+  auto commit = [&](auto collection, auto doc, const char* answer) {
+    qb.Answer(ScriptedProcessor::Response(answer, "", 3000, "refused"));
+    collection->Commit(doc);
+    sent.push_back(qb.processor().Requests().back());
+  };
+  auto credit = company->VendorCredits()->Add("Paint Co", "VC-1", 0, "Payables", "returned");
+  credit->ExpenseLines()->Add("Supplies", Currency(5));
+  credit->ItemLines()->Add("Painting");
+  commit(company->VendorCredits(), credit, "VendorCreditAddRs");
+  auto receipt = company->ItemReceipts()->Add("Paint Co", "IR-1", 0, "Payables");
+  receipt->ItemLines()->Add("Painting", Currency(3));
+  commit(company->ItemReceipts(), receipt, "ItemReceiptAddRs");
+  auto charge = company->CreditCardCharges()->Add("Visa", "Paint Co", "CC-1");
+  charge->ExpenseLines()->Add("Supplies", Currency(5));
+  commit(company->CreditCardCharges(), charge, "CreditCardChargeAddRs");
+  auto refund = company->CreditCardCredits()->Add("Visa", "Paint Co", "CC-2");
+  refund->ExpenseLines()->Add("Supplies", Currency(5));
+  commit(company->CreditCardCredits(), refund, "CreditCardCreditAddRs");
+  auto order = company->PurchaseOrders()->Add("Paint Co", "PO-1", 0, "", "", "Net 30", "", "FOB", "m", "thanks");
+  order->ItemLines()->Add("Painting", Currency(2));
+  commit(company->PurchaseOrders(), order, "PurchaseOrderAddRs");
+  ASSERT_EQ(sent.size(), 5u);
+  for (const auto& text : sent) EXPECT_TRUE(testing::IsValidQbxml(text)) << text;
+  EXPECT_NE(At(sent[0], "<VendorCreditAdd><VendorRef>"), std::string::npos) << sent[0];
+  EXPECT_LT(At(sent[0], "<ExpenseLineAdd>"), At(sent[0], "<ItemLineAdd>"));
+  EXPECT_NE(At(sent[4], "<PurchaseOrderLineAdd><ItemRef>"), std::string::npos) << sent[4];
+  EXPECT_EQ(At(sent[4], "<DueDate>"), std::string::npos);  // kept in the saved form only
+}
+
+TEST(PurchaseValidate, AStoredCheckIsStillHeldToItsAccount) {
+  PurchaseSession qb;
+  qb.Answer(ScriptedProcessor::Response(
+      "CheckQueryRs", "<CheckRet><TxnID>C-2</TxnID><TimeCreated>2026-03-05T10:00:00</TimeCreated>"
+                      "<TimeModified>2026-03-05T10:00:00</TimeModified><EditSequence>1</EditSequence>"
+                      "<AccountRef><FullName>Visa</FullName></AccountRef><TxnDate>2026-03-05</TxnDate>"
+                      "<Amount>5.00</Amount></CheckRet>"));
+  auto checks = qb.company()->Checks();
+  ASSERT_EQ(checks->GetAll(), 1);
+  auto check = checks->Item(Variant(int64_t{1}));
+  EXPECT_FALSE(check->Validate());
+  EXPECT_EQ(static_cast<uint32_t>(check->Errors()->Item(1)->Number()), err::kCheckNeedsBank);
+}
+
 // ---- Which documents change once stored ----------------------------------------------------
 
 TEST(PurchaseGates, StoredChecksAndCardDocumentsRefuseChangeAndModify) {
