@@ -16,6 +16,7 @@
 #include "tessaron/transactions/credit_memos.h"
 #include "tessaron/transactions/estimates.h"
 #include "tessaron/transactions/invoices.h"
+#include "tessaron/transactions/purchase_collections.h"
 #include "tessaron/transactions/sales_orders.h"
 #include "tessaron/transactions/sales_receipts.h"
 
@@ -32,6 +33,14 @@ std::shared_ptr<C> Master(Lists& lists, const char* key) {
   detail::ListObjectAccess::SetMaster(*list, true);
   if (key) lists.AddObject(list, key);
   return list;
+}
+
+// A master collection of transactions; transactions are not in the list registry.
+template <class C>
+std::shared_ptr<C> MasterTxns() {
+  auto txns = std::make_shared<C>();
+  detail::ListObjectAccess::SetMaster(*txns, true);
+  return txns;
 }
 
 }  // namespace
@@ -67,14 +76,19 @@ Company::Company()
   // Transactions are not in the list registry.
   invoices_ = std::make_shared<tessaron::Invoices>();
   detail::ListObjectAccess::SetMaster(*invoices_, true);
-  salesReceipts_ = std::make_shared<tessaron::SalesReceipts>();
-  detail::ListObjectAccess::SetMaster(*salesReceipts_, true);
-  creditMemos_ = std::make_shared<tessaron::CreditMemos>();
-  detail::ListObjectAccess::SetMaster(*creditMemos_, true);
-  estimates_ = std::make_shared<tessaron::Estimates>();
-  detail::ListObjectAccess::SetMaster(*estimates_, true);
-  salesOrders_ = std::make_shared<tessaron::SalesOrders>();
-  detail::ListObjectAccess::SetMaster(*salesOrders_, true);
+  // The other sales documents.
+  salesReceipts_ = MasterTxns<tessaron::SalesReceipts>();
+  creditMemos_ = MasterTxns<tessaron::CreditMemos>();
+  estimates_ = MasterTxns<tessaron::Estimates>();
+  salesOrders_ = MasterTxns<tessaron::SalesOrders>();
+  // The payables documents.
+  bills_ = MasterTxns<tessaron::Bills>();
+  checks_ = MasterTxns<tessaron::Checks>();
+  purchaseOrders_ = MasterTxns<tessaron::PurchaseOrders>();
+  vendorCredits_ = MasterTxns<tessaron::VendorCredits>();
+  creditCardCharges_ = MasterTxns<tessaron::CreditCardCharges>();
+  creditCardCredits_ = MasterTxns<tessaron::CreditCardCredits>();
+  itemReceipts_ = MasterTxns<tessaron::ItemReceipts>();
   // The entity list makes records of their own classes of its ...Ret elements.
   tessaron::Entities::RegisterEntityKind("CustomerRet", [] { return std::make_shared<Customer>(); });
   tessaron::Entities::RegisterEntityKind("VendorRet", [] { return std::make_shared<Vendor>(); });
@@ -240,12 +254,6 @@ int32_t Company::SetClearedStatus(int32_t ClearedStatus, const std::string& TxnI
 #define TESSARON_NOT_YET(Name) \
   std::shared_ptr<tessaron::Name> Company::Name() { NotAvailable(#Name); }
 TESSARON_NOT_YET(JournalEntries)
-TESSARON_NOT_YET(Bills)
-TESSARON_NOT_YET(Checks)
-TESSARON_NOT_YET(PurchaseOrders)
-TESSARON_NOT_YET(VendorCredits)
-TESSARON_NOT_YET(CreditCardCharges)
-TESSARON_NOT_YET(CreditCardCredits)
 TESSARON_NOT_YET(TimeTrackings)
 TESSARON_NOT_YET(ReceivePayments)
 TESSARON_NOT_YET(BillPayments)
@@ -254,7 +262,6 @@ TESSARON_NOT_YET(Deposits)
 TESSARON_NOT_YET(StatementCharges)
 TESSARON_NOT_YET(InventoryAdjustments)
 TESSARON_NOT_YET(SalesTaxPaymentChecks)
-TESSARON_NOT_YET(ItemReceipts)
 #undef TESSARON_NOT_YET
 
 // ---- The company of the session ------------------------------------------------------------

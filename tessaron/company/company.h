@@ -153,17 +153,18 @@ class Company {
   std::shared_ptr<tessaron::CreditMemos> CreditMemos() const { return creditMemos_; }
   std::shared_ptr<tessaron::Estimates> Estimates() const { return estimates_; }
   std::shared_ptr<tessaron::SalesOrders> SalesOrders() const { return salesOrders_; }
+  std::shared_ptr<tessaron::Bills> Bills() const { return bills_; }
+  std::shared_ptr<tessaron::Checks> Checks() const { return checks_; }
+  std::shared_ptr<tessaron::PurchaseOrders> PurchaseOrders() const { return purchaseOrders_; }
+  std::shared_ptr<tessaron::VendorCredits> VendorCredits() const { return vendorCredits_; }
+  std::shared_ptr<tessaron::CreditCardCharges> CreditCardCharges() const { return creditCardCharges_; }
+  std::shared_ptr<tessaron::CreditCardCredits> CreditCardCredits() const { return creditCardCredits_; }
+  std::shared_ptr<tessaron::ItemReceipts> ItemReceipts() const { return itemReceipts_; }
   // Not a master: QuickBooks only reads templates out. Made on first use.
   std::shared_ptr<tessaron::Templates> Templates();
 
   // Collections whose classes come later: each raises "not available" for now.
   std::shared_ptr<tessaron::JournalEntries> JournalEntries();
-  std::shared_ptr<tessaron::Bills> Bills();
-  std::shared_ptr<tessaron::Checks> Checks();
-  std::shared_ptr<tessaron::PurchaseOrders> PurchaseOrders();
-  std::shared_ptr<tessaron::VendorCredits> VendorCredits();
-  std::shared_ptr<tessaron::CreditCardCharges> CreditCardCharges();
-  std::shared_ptr<tessaron::CreditCardCredits> CreditCardCredits();
   std::shared_ptr<tessaron::TimeTrackings> TimeTrackings();
   std::shared_ptr<tessaron::ReceivePayments> ReceivePayments();
   std::shared_ptr<tessaron::BillPayments> BillPayments();
@@ -172,7 +173,6 @@ class Company {
   std::shared_ptr<tessaron::StatementCharges> StatementCharges();
   std::shared_ptr<tessaron::InventoryAdjustments> InventoryAdjustments();
   std::shared_ptr<tessaron::SalesTaxPaymentChecks> SalesTaxPaymentChecks();
-  std::shared_ptr<tessaron::ItemReceipts> ItemReceipts();
 
   // ---- Operations ---------------------------------------------------------------------------
   // Saves the company's own application fields; the collections commit themselves.
@@ -247,6 +247,13 @@ class Company {
   std::shared_ptr<tessaron::CreditMemos> creditMemos_;
   std::shared_ptr<tessaron::Estimates> estimates_;
   std::shared_ptr<tessaron::SalesOrders> salesOrders_;
+  std::shared_ptr<tessaron::Bills> bills_;
+  std::shared_ptr<tessaron::Checks> checks_;
+  std::shared_ptr<tessaron::PurchaseOrders> purchaseOrders_;
+  std::shared_ptr<tessaron::VendorCredits> vendorCredits_;
+  std::shared_ptr<tessaron::CreditCardCharges> creditCardCharges_;
+  std::shared_ptr<tessaron::CreditCardCredits> creditCardCredits_;
+  std::shared_ptr<tessaron::ItemReceipts> itemReceipts_;
   std::shared_ptr<DataExtensionDefinitions> customFields_;
   std::shared_ptr<DataExtensionDefinitions> applicationFields_;
   std::shared_ptr<DataExtensions> companyApplicationFields_;

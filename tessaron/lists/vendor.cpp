@@ -1,6 +1,11 @@
 #include "tessaron/framework/detail/list_object_access.h"
 #include "tessaron/lists/vendor.h"
 
+#include "tessaron/framework/response_status.h"
+#include "tessaron/messaging/xml_bldr.h"
+#include "tessaron/transactions/detail/txn_access.h"
+#include "tessaron/transactions/txn_linked_transactions.h"
+
 #include "tessaron/connection/library_state.h"
 #include "tessaron/foundation/values.h"
 #include "tessaron/platform/text.h"
@@ -116,13 +121,48 @@ void Vendor::Copy(Vendor& From) {
   SetObjectState(From.ObjectState());
 }
 
-void Vendor::GetBillsAndCredits(const std::string&) {
+// Asks QuickBooks for what can be paid to this vendor: each BillToPayRet holds either an
+// open bill (BillToPay) or a credit that can be applied (CreditToApply).
+void Vendor::GetBillsAndCredits(const std::string& APAccount) {
   RequireVersion(2);
-  RaiseNotAvailable("Vendor", "GetBillsAndCredits");
+  Errors()->Clear();
+  xmlBldr b;
+  b.NewClear();
+  b.OpenAggregate("BillToPayQueryRq", "requestID", "1");
+  b.OpenAggregateOnly("PayeeEntityRef");
+  b.CreateElement("FullName", FullName());
+  b.EndAggregate("PayeeEntityRef");
+  if (!APAccount.empty()) {
+    b.OpenAggregateOnly("APAccountRef");
+    b.CreateElement("FullName", APAccount);
+    b.EndAggregate("APAccountRef");
+  }
+  b.EndAggregate("BillToPayQueryRq");
+  XmlDocument doc = b.NewSendRequest();
+  openBills_ = std::make_shared<txnLinkedTransactions>();
+  openCredits_ = std::make_shared<txnLinkedTransactions>();
+  XmlNode response = ResponsesOf(doc).item(0);
+  if (!response) return;
+  for (const XmlNode& ret : response.childNodes()) {
+    for (const XmlNode& entry : ret.childNodes()) {
+      auto& list = entry.baseName() == "BillToPay" ? openBills_ : openCredits_;
+      detail::TxnAccess::ReadLink(*list, entry);
+    }
+  }
 }
-bool Vendor::HaveOpenBillsAndCredits() { RaiseNotAvailable("Vendor", "HaveOpenBillsAndCredits"); }
-std::shared_ptr<txnLinkedTransactions> Vendor::OpenBills() { RaiseNotAvailable("Vendor", "OpenBills"); }
-std::shared_ptr<txnLinkedTransactions> Vendor::OpenCredits() { RaiseNotAvailable("Vendor", "OpenCredits"); }
+
+bool Vendor::HaveOpenBillsAndCredits() { return OpenBills()->Count() > 0 || OpenCredits()->Count() > 0; }
+
+std::shared_ptr<txnLinkedTransactions> Vendor::OpenBills() {
+  if (!openBills_) openBills_ = std::make_shared<txnLinkedTransactions>();
+  return openBills_;
+}
+
+std::shared_ptr<txnLinkedTransactions> Vendor::OpenCredits() {
+  if (!openCredits_) openCredits_ = std::make_shared<txnLinkedTransactions>();
+  return openCredits_;
+}
+
 std::shared_ptr<BillPayment> Vendor::Payment() { RaiseNotAvailable("Vendor", "Payment"); }
 void Vendor::AddPaymentForPosting() { RaiseNotAvailable("Vendor", "AddPaymentForPosting"); }
 

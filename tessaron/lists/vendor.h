@@ -56,13 +56,18 @@ class Vendor final : public AddressedEntity {
   // Takes every field of From without the field rule, the state and UserData included.
   void Copy(Vendor& From);
 
-  // Open bills and credits, and paying them, need bills and bill payments, which this
-  // version of the library does not have: each raises 0x80040B5E (GetBillsAndCredits
-  // first 0x800403ED below qbXML 2.0).
+  // Reads the vendor's open bills and the credits that can be applied to them (of one
+  // payables account when given) into OpenBills and OpenCredits, replacing what they
+  // held. Needs qbXML 2.0 (else 0x800403ED); a refusal of QuickBooks leaves both empty.
   void GetBillsAndCredits(const std::string& APAccount = "");
+  // Whether the last GetBillsAndCredits found a bill or a credit.
   bool HaveOpenBillsAndCredits();
+  // Empty until GetBillsAndCredits runs. Each entry's Amount is the bill's AmountDue or
+  // the credit's CreditRemaining.
   std::shared_ptr<txnLinkedTransactions> OpenBills();
   std::shared_ptr<txnLinkedTransactions> OpenCredits();
+  // Paying bills needs bill payments, which this version of the library does not have:
+  // both raise 0x80040B5E.
   std::shared_ptr<BillPayment> Payment();
   void AddPaymentForPosting();
 
@@ -82,6 +87,8 @@ class Vendor final : public AddressedEntity {
   Date openingBalanceDate_ = 0;
   std::shared_ptr<qcListObjectRef> vendorType_;
   std::shared_ptr<qcListObjectRef> terms_;
+  std::shared_ptr<txnLinkedTransactions> openBills_;
+  std::shared_ptr<txnLinkedTransactions> openCredits_;
 };
 
 class OtherName final : public AddressedEntity {

@@ -16,6 +16,7 @@
 #include "tessaron/lists/terms.h"
 #include "tessaron/messaging/xml_bldr.h"
 #include "tessaron/platform/error.h"
+#include "tessaron/transactions/detail/line_checks.h"
 #include "tessaron/transactions/detail/txn_access.h"
 #include "tessaron/transactions/txn_item_line.h"
 #include "tessaron/transactions/txn_item_lines.h"
@@ -383,17 +384,8 @@ bool SalesTxn::Validate() {
   errors->Clear();
   if (ObjectState() == qoObjectStateClean) return true;
   ValidateHead(*errors);
-  txnItemLines& lines = Lines();
-  long lastUsed = 0;
-  for (long i = 1; i <= lines.Count(); ++i) {
-    auto line = lines.Item(Variant(static_cast<int64_t>(i)));
-    if (!detail::TxnAccess::Validate(*line))
-      errors->Add(err::kValidateFailed, std::to_string(i), err::kValidateFailedText);
-    if (!line->Item().empty() || !line->Description().empty()) lastUsed = i;
-  }
-  // Trailing empty lines never reach QuickBooks.
-  while (lines.Count() > lastUsed) lines.Remove(Variant(static_cast<int64_t>(lines.Count())));
-  if (lines.Count() == 0) errors->Add(err::kNeedLine, std::to_string(lines.Count()), err::kNeedLineText);
+  const long left = detail::ValidateAndTrimLines(Lines(), *errors, detail::ItemLineHasContent<txnItemLine>);
+  if (left == 0) errors->Add(err::kNeedLine, std::to_string(left), err::kNeedLineText);
   return errors->Count() == 0;
 }
 

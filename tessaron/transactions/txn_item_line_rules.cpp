@@ -6,9 +6,19 @@
 #include "tessaron/framework/detail/list_object_access.h"
 #include "tessaron/framework/qc_list_object_ref.h"
 #include "tessaron/lists/sales_tax_code.h"
+#include "tessaron/messaging/xml_bldr.h"
 #include "tessaron/platform/error.h"
 
 namespace tessaron::detail {
+
+void WriteLineId(xmlBldr& b, std::string& txnLineId, bool isRet, bool isMod) {
+  if (isMod) {
+    if (txnLineId.empty()) txnLineId = "-1";
+    b.CreateElement("TxnLineID", txnLineId);
+  } else if (isRet && !txnLineId.empty()) {
+    b.CreateElement("TxnLineID", txnLineId);
+  }
+}
 
 bool IsSalesOwner(int32_t ownerType, const char* className, bool withItemReceipt) {
   if (IsSalesType(ownerType)) return true;

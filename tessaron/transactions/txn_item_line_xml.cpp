@@ -135,13 +135,7 @@ std::string txnItemLine::ElementBase() const {
 void txnItemLine::WriteLine(xmlBldr& b, bool isRet, bool isMod) {
   const std::string element = ElementBase() + (isRet ? "Ret" : isMod ? "Mod" : "Add");
   b.OpenAggregateOnly(element);
-  if (isMod) {
-    // "-1" tells QuickBooks that the line is new.
-    if (txnLineId_.empty()) txnLineId_ = "-1";
-    b.CreateElement("TxnLineID", txnLineId_);
-  } else if (isRet && !txnLineId_.empty()) {
-    b.CreateElement("TxnLineID", txnLineId_);
-  }
+  detail::WriteLineId(b, txnLineId_, isRet, isMod);
   if (isGroup_ && ItemTypeOfLine() == qbItemGroup) WriteGroupHead(b, isRet, isMod);
   else WritePlain(b, isRet, isMod);
   b.EndAggregate(element);

@@ -6,6 +6,7 @@
 #include "tessaron/foundation/values.h"
 #include "tessaron/lists/qc_item.h"
 #include "tessaron/platform/error.h"
+#include "tessaron/transactions/detail/line_checks.h"
 #include "tessaron/transactions/detail/line_rules.h"
 
 namespace tessaron {
@@ -62,19 +63,8 @@ std::shared_ptr<txnItemLine> txnItemLines::Add(const std::string& Item, Currency
   line->SetIsAddingLine(false);
   if (!line->Validate()) return nullptr;
 
-  if (BeforeIndex != 0) {
-    // The platform collection only appends: rebuild it with the line in its place.
-    (void)col_.Item(BeforeIndex);  // a position outside the lines raises as the collection does
-    Collection<std::shared_ptr<txnItemLine>> rebuilt;
-    long position = 1;
-    for (const auto& entry : col_.Entries()) {
-      if (position++ == BeforeIndex) rebuilt.Add(line);
-      rebuilt.Add(entry.value, entry.key);
-    }
-    col_ = std::move(rebuilt);
-  } else {
-    col_.Add(line);
-  }
+  if (BeforeIndex != 0) detail::InsertBefore(col_, line, BeforeIndex);
+  else col_.Add(line);
   if (!isAddingGroup_ && eventSink_) eventSink_->Raise(qoEventAmountChange);
   return line;
 }

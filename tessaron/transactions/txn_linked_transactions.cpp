@@ -13,7 +13,8 @@ void txnLinkedTransaction::FromDom(const XmlNode& node) {
     else if (tag == "TxnDate") txnDate_ = DateFromText(child.text());
     else if (tag == "RefNumber") refNumber_ = child.text();
     else if (tag == "LinkType") linkType_ = child.text();
-    else if (tag == "Amount") {
+    // An open bill tells what is due, an open credit what remains.
+    else if (tag == "Amount" || tag == "AmountDue" || tag == "CreditRemaining") {
       std::string text = child.text();
       amount_ = CurrencyFromText(text);
     }

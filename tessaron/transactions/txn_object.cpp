@@ -112,6 +112,7 @@ void TxnObject::HandleEvent(qoEnumEventTypes& id, std::string& text) {
 Variant TxnObject::FromDom(const XmlNode& obj) {
   detail::TxnAccess::ClearLines(*itemLines_);
   linkedTxns_->Clear();
+  ClearParts();
   linesNotLoaded_ = true;
   const std::string_view lineRet = info_.lineRet;
   const std::string_view lineGroupRet = info_.lineGroupRet;
@@ -127,6 +128,8 @@ Variant TxnObject::FromDom(const XmlNode& obj) {
       detail::ReadRow(*row, *this, child);
     } else if (tag == "UserData") {
       userData_ = Variant(child.text());
+    } else if (ReadPart(tag, child)) {
+      linesNotLoaded_ = false;
     } else {
       NoteUnknownElement(tag, info_.className);
     }
@@ -142,23 +145,27 @@ Variant TxnObject::FromDom(const XmlNode& obj) {
 
 int32_t TxnObject::XMLInsert(xmlBldr& cxmlbldr) {
   detail::WriteRows(info_.fields, *this, cxmlbldr, WriteMode::Add, info_.queryBooleans);
-  detail::TxnAccess::WriteLines(*itemLines_, cxmlbldr, false, false);
+  WriteLineParts(cxmlbldr, false, false);
   return 0;
 }
 
 int32_t TxnObject::XMLModify(xmlBldr& cxmlbldr) {
   if (info_.modifyRefusal) RaiseInternal(info_.className, info_.modifyRefusal);
   detail::WriteRows(info_.fields, *this, cxmlbldr, WriteMode::Modify, info_.queryBooleans);
-  detail::TxnAccess::WriteLines(*itemLines_, cxmlbldr, false, true);
+  WriteLineParts(cxmlbldr, false, true);
   return 0;
 }
 
 int32_t TxnObject::XMLQueryRs(xmlBldr& cxmlbldr) {
   detail::WriteRows(info_.fields, *this, cxmlbldr, WriteMode::QueryRs, info_.queryBooleans);
   linkedTxns_->WriteQueryRs(cxmlbldr);
-  detail::TxnAccess::WriteLines(*itemLines_, cxmlbldr, true, false);
+  WriteLineParts(cxmlbldr, true, false);
   if (!userData_.IsEmpty() && !userData_.IsObject()) cxmlbldr.CreateElement("UserData", userData_.ToString());
   return 0;
+}
+
+void TxnObject::WriteLineParts(xmlBldr& b, bool isRet, bool isMod) {
+  detail::TxnAccess::WriteLines(*itemLines_, b, isRet, isMod);
 }
 
 std::vector<FieldText> TxnObject::Properties() { return detail::Properties(info_.fields, *this); }

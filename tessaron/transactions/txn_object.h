@@ -144,6 +144,8 @@ class TxnObject : public qcBase {
   // The lines without loading them (writers, checks, state).
   txnItemLines& Lines() const { return *itemLines_; }
   const std::shared_ptr<txnItemLines>& LinesHandle() const { return itemLines_; }
+  // The sink the lines raise into, for other kinds of lines of the class.
+  const std::shared_ptr<qcEventSink>& EventSink() const { return eventSink_; }
 
   // What the owner does with the lines' events.
   virtual void RecalculateTotals() {}
@@ -155,6 +157,13 @@ class TxnObject : public qcBase {
   virtual void AfterFromDom() {}
   // Back to New with every line and part (saved forms loaded from a file).
   virtual void ResetToNew();
+  // What follows the header fields in the three written forms: the item lines; a class
+  // with other lines (expense lines) or elements between header and lines writes them here.
+  virtual void WriteLineParts(xmlBldr& b, bool isRet, bool isMod);
+  // Another kind of line element of an answer (ExpenseLineRet); true when taken.
+  virtual bool ReadPart(std::string_view tag, const XmlNode& node) { return false; }
+  // Drops what ReadPart filled, before an answer is read.
+  virtual void ClearParts() {}
 
   std::string txnId_;
   Date timeCreated_ = 0;

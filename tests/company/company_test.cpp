@@ -8,6 +8,7 @@
 
 #include "tessaron/company/company.h"
 #include "tessaron/transactions/invoices.h"
+#include "tessaron/transactions/purchase_collections.h"
 #include "tessaron/company/preferences.h"
 #include "tessaron/connection/library_state.h"
 #include "tessaron/connection/tessaron_globals.h"
@@ -182,11 +183,11 @@ TEST(CompanyLists, RegistryHandsOutTheMasterInstances) {
 
 TEST(CompanyLists, CollectionsStillToComeSayTheyAreNotAvailable) {
   CompanySession qb;
-  const auto e = testing::Raised([] { TessaronGlobals::Bills(); });
+  const auto e = testing::Raised([] { TessaronGlobals::TimeTrackings(); });
   ASSERT_TRUE(e);
   EXPECT_EQ(static_cast<uint32_t>(e->Number()), err::kFeatureNotSupported);
-  EXPECT_EQ(e->Description(), "Bills is not available in this version of Tessaron.");
-  EXPECT_EQ(NumberRaised([&] { qb.company()->Bills(); }), err::kFeatureNotSupported);
+  EXPECT_EQ(e->Description(), "TimeTrackings is not available in this version of Tessaron.");
+  EXPECT_EQ(NumberRaised([&] { qb.company()->TimeTrackings(); }), err::kFeatureNotSupported);
 }
 
 TEST(CompanyLists, InvoicesAreTheCompanysMasterInstance) {
@@ -195,6 +196,19 @@ TEST(CompanyLists, InvoicesAreTheCompanysMasterInstance) {
   ASSERT_NE(invoices, nullptr);
   EXPECT_TRUE(invoices->IsMaster());
   EXPECT_EQ(TessaronGlobals::Invoices(), invoices);
+}
+
+TEST(CompanyLists, PayablesCollectionsAreTheCompanysMasterInstances) {
+  CompanySession qb;
+  auto company = qb.company();
+  EXPECT_TRUE(company->Bills()->IsMaster());
+  EXPECT_EQ(TessaronGlobals::Bills(), company->Bills());
+  EXPECT_EQ(TessaronGlobals::Checks(), company->Checks());
+  EXPECT_EQ(TessaronGlobals::PurchaseOrders(), company->PurchaseOrders());
+  EXPECT_EQ(TessaronGlobals::VendorCredits(), company->VendorCredits());
+  EXPECT_EQ(TessaronGlobals::CreditCardCharges(), company->CreditCardCharges());
+  EXPECT_EQ(TessaronGlobals::CreditCardCredits(), company->CreditCardCredits());
+  EXPECT_EQ(TessaronGlobals::ItemReceipts(), company->ItemReceipts());
 }
 
 TEST(CompanyLists, ValidateAllReportsEachFailingListAndGoesOn) {

@@ -13,6 +13,7 @@
 #include "tessaron/foundation/error_numbers.h"
 #include "tessaron/foundation/qc_error.h"
 #include "tessaron/lists/vendors.h"
+#include "tessaron/transactions/txn_linked_transactions.h"
 #include "tessaron/messaging/xml_bldr.h"
 #include "tests/support/text_match.h"
 #include "tests/support/list_session.h"
@@ -321,11 +322,35 @@ TEST_F(VendorsTest, CloneCopiesEveryFieldAndTheState) {
   EXPECT_TRUE(c->EligibleFor1099());
 }
 
-TEST_F(VendorsTest, PayablesMembersAreNotAvailable) {
+TEST_F(VendorsTest, GetBillsAndCreditsSortsOpenBillsFromCredits) {
   auto v = LoadOne();
-  EXPECT_EQ(NumberRaised([&] { v->GetBillsAndCredits(); }), err::kFeatureNotSupported);
-  EXPECT_EQ(NumberRaised([&] { v->HaveOpenBillsAndCredits(); }), err::kFeatureNotSupported);
-  EXPECT_EQ(NumberRaised([&] { v->OpenBills(); }), err::kFeatureNotSupported);
+  EXPECT_FALSE(v->HaveOpenBillsAndCredits());
+  const std::string bill =
+      "<BillToPayRet><BillToPay><TxnID>B-1</TxnID><TxnType>Bill</TxnType>"
+      "<APAccountRef><FullName>Accounts Payable</FullName></APAccountRef><TxnDate>2026-03-05</TxnDate>"
+      "<RefNumber>88</RefNumber><DueDate>2026-04-04</DueDate><AmountDue>120.00</AmountDue></BillToPay>"
+      "</BillToPayRet>";
+  const std::string credit =
+      "<BillToPayRet><CreditToApply><TxnID>C-1</TxnID><TxnType>VendorCredit</TxnType>"
+      "<APAccountRef><FullName>Accounts Payable</FullName></APAccountRef><TxnDate>2026-03-06</TxnDate>"
+      "<CreditRemaining>20.00</CreditRemaining></CreditToApply></BillToPayRet>";
+  qb.Answer(ScriptedProcessor::Response("BillToPayQueryRs", bill + credit));
+  v->GetBillsAndCredits("Accounts Payable");
+  EXPECT_NE(Sent().find("<BillToPayQueryRq requestID = \"1\"><PayeeEntityRef><FullName>Cal Tel</FullName>"
+                        "</PayeeEntityRef><APAccountRef><FullName>Accounts Payable</FullName></APAccountRef>"),
+            std::string::npos)
+      << Sent();
+  EXPECT_TRUE(testing::IsValidQbxml(Sent())) << Sent();
+  ASSERT_EQ(v->OpenBills()->Count(), 1);
+  ASSERT_EQ(v->OpenCredits()->Count(), 1);
+  EXPECT_EQ(v->OpenBills()->Item(1)->TxnId(), "B-1");
+  EXPECT_EQ(v->OpenBills()->Item(1)->Amount(), Currency(120));
+  EXPECT_EQ(v->OpenCredits()->Item(1)->Amount(), Currency(20));
+  EXPECT_TRUE(v->HaveOpenBillsAndCredits());
+}
+
+TEST_F(VendorsTest, PayingAndOldVersionsAreRefused) {
+  auto v = LoadOne();
   EXPECT_EQ(NumberRaised([&] { v->AddPaymentForPosting(); }), err::kFeatureNotSupported);
   State().QBXMLVersionNumber = Currency::Parse("1.1");
   EXPECT_EQ(NumberRaised([&] { v->GetBillsAndCredits("Accounts Payable"); }), err::kVersionNotSupported);

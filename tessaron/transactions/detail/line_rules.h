@@ -13,6 +13,7 @@
 namespace tessaron {
 
 class qcListObjectRef;
+class xmlBldr;
 class SalesTaxCode;
 
 namespace detail {
@@ -54,6 +55,10 @@ void MarkLineModified(qoEnumObjectState& state, bool checkAllowed, const char* s
 // Raises a failure of a line's setter: the number with its fixed text, source
 // "Tessaron:txnItemLine".
 [[noreturn]] void FailLine(uint32_t number);
+
+// The TxnLineID of a written line: in a modify always, a line QuickBooks has not stored
+// yet becoming "-1" (which tells QuickBooks it is new); in the saved form when known.
+void WriteLineId(xmlBldr& b, std::string& txnLineId, bool isRet, bool isMod);
 
 // A fresh reference into `list` holding `name`.
 std::shared_ptr<qcListObjectRef> NewRef(qoEnumListType list, const std::string& name = "");

@@ -68,6 +68,16 @@ class TxnAccess {
   static auto ReadLine(L& lines, const XmlNode& node, bool isGroup) {
     return lines.ReadLine(node, isGroup);
   }
+  // Expense lines have no groups.
+  template <class L>
+  static auto ReadLine(L& lines, const XmlNode& node) {
+    return lines.ReadLine(node);
+  }
+  // One linked document (a LinkedTxn, or an open bill or credit of a vendor), added last.
+  template <class L>
+  static void ReadLink(L& links, const XmlNode& node) {
+    links.ReadLink(node);
+  }
   // Writes every line in the owner's dialect (Ret, Mod or Add).
   template <class L, class B>
   static void WriteLines(L& lines, B& builder, bool isRet, bool isMod) {
