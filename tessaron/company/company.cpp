@@ -14,6 +14,7 @@
 #include "tessaron/platform/error.h"
 #include "tessaron/framework/detail/list_object_access.h"
 #include "tessaron/transactions/invoices.h"
+#include "tessaron/transactions/receive_payments.h"
 
 namespace tessaron {
 
@@ -63,6 +64,8 @@ Company::Company()
   // Transactions are not in the list registry.
   invoices_ = std::make_shared<tessaron::Invoices>();
   detail::ListObjectAccess::SetMaster(*invoices_, true);
+  receivePayments_ = std::make_shared<tessaron::ReceivePayments>();
+  detail::ListObjectAccess::SetMaster(*receivePayments_, true);
   // The entity list makes records of their own classes of its ...Ret elements.
   tessaron::Entities::RegisterEntityKind("CustomerRet", [] { return std::make_shared<Customer>(); });
   tessaron::Entities::RegisterEntityKind("VendorRet", [] { return std::make_shared<Vendor>(); });
@@ -239,7 +242,6 @@ TESSARON_NOT_YET(TimeTrackings)
 TESSARON_NOT_YET(SalesReceipts)
 TESSARON_NOT_YET(CreditMemos)
 TESSARON_NOT_YET(Estimates)
-TESSARON_NOT_YET(ReceivePayments)
 TESSARON_NOT_YET(BillPayments)
 TESSARON_NOT_YET(UndepositedFunds)
 TESSARON_NOT_YET(Deposits)

@@ -149,6 +149,7 @@ class Company {
   std::shared_ptr<tessaron::PayrollItemWages> PayrollItemWages() const { return payrollItemWages_; }
   std::shared_ptr<tessaron::PayrollItemNonWages> PayrollItemNonWages() const { return payrollItemNonWages_; }
   std::shared_ptr<tessaron::Invoices> Invoices() const { return invoices_; }
+  std::shared_ptr<tessaron::ReceivePayments> ReceivePayments() const { return receivePayments_; }
   // Not a master: QuickBooks only reads templates out. Made on first use.
   std::shared_ptr<tessaron::Templates> Templates();
 
@@ -165,7 +166,6 @@ class Company {
   std::shared_ptr<tessaron::SalesReceipts> SalesReceipts();
   std::shared_ptr<tessaron::CreditMemos> CreditMemos();
   std::shared_ptr<tessaron::Estimates> Estimates();
-  std::shared_ptr<tessaron::ReceivePayments> ReceivePayments();
   std::shared_ptr<tessaron::BillPayments> BillPayments();
   std::shared_ptr<tessaron::UndepositedFunds> UndepositedFunds();
   std::shared_ptr<tessaron::Deposits> Deposits();
@@ -243,6 +243,7 @@ class Company {
   std::shared_ptr<tessaron::PayrollItemNonWages> payrollItemNonWages_;
   std::shared_ptr<tessaron::Templates> templates_;
   std::shared_ptr<tessaron::Invoices> invoices_;
+  std::shared_ptr<tessaron::ReceivePayments> receivePayments_;
   std::shared_ptr<DataExtensionDefinitions> customFields_;
   std::shared_ptr<DataExtensionDefinitions> applicationFields_;
   std::shared_ptr<DataExtensions> companyApplicationFields_;

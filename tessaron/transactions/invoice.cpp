@@ -17,6 +17,7 @@
 #include "tessaron/messaging/xml_bldr.h"
 #include "tessaron/platform/error.h"
 #include "tessaron/transactions/detail/txn_access.h"
+#include "tessaron/transactions/detail/txn_refs.h"
 #include "tessaron/transactions/invoices.h"
 #include "tessaron/transactions/txn_item_line.h"
 #include "tessaron/transactions/txn_item_lines.h"
@@ -28,24 +29,9 @@ namespace {
 constexpr char kSource[] = "Tessaron:Invoice";
 const Currency kV3 = Currency(3);
 
-std::shared_ptr<qcListObjectRef> NamedRef(qoEnumListType list, const std::string& name) {
-  auto ref = std::make_shared<qcListObjectRef>(list);
-  detail::ListObjectAccess::SetFullName(*ref, name);
-  return ref;
-}
-
-// The record behind a reference as its own class; null for an empty name or a record
-// not on file.
-template <class T>
-std::shared_ptr<T> Target(const std::shared_ptr<qcListObjectRef>& ref) {
-  if (!ref || ref->FullName().empty() || !State().CurrentCompany) return nullptr;
-  return std::dynamic_pointer_cast<T>(ResolveListRef(*ref));
-}
-
-const std::string& NameOf(const std::shared_ptr<qcListObjectRef>& ref) {
-  static const std::string none;
-  return ref ? ref->FullName() : none;
-}
+using detail::NamedRef;
+using detail::NameOf;
+using detail::Target;
 
 bool IsUSProduct() { return !State().IsNonUSProduct; }
 

@@ -145,6 +145,9 @@ class TxnObject : public qcBase {
   txnItemLines& Lines() const { return *itemLines_; }
   const std::shared_ptr<txnItemLines>& LinesHandle() const { return itemLines_; }
 
+  // The sink the object's parts raise into (lines, applied amounts).
+  const std::shared_ptr<qcEventSink>& EventSink() const { return eventSink_; }
+
   // What the owner does with the lines' events.
   virtual void RecalculateTotals() {}
   // A line asks whether a tax item may go on it; clear `name` and raise to refuse.
