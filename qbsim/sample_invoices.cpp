@@ -1,5 +1,6 @@
 #include "qbsim/sample_invoices.h"
 
+#include <algorithm>
 #include <vector>
 
 #include "qbsim/request_context.h"
@@ -26,6 +27,7 @@ std::string ItemId(CompanyFile& file, const char* name) {
 
 void AddSampleInvoices(CompanyFile& file, WriteScope& scope, Edition edition, int newestVersion, int count) {
   const TxnKind* kind = FindTxnKind("Invoice");
+  const TxnKind* payment = FindTxnKind("ReceivePayment");
   std::vector<std::string> customers =
       Ids(file, "SELECT list_id FROM list_record WHERE kind = 'Customer' AND is_active = 1 ORDER BY rowid");
   if (customers.empty() || count <= 0) return;
@@ -99,6 +101,27 @@ void AddSampleInvoices(CompanyFile& file, WriteScope& scope, Edition edition, in
     doc.record.editSequence = scope.NewEditSequence();
     doc.record.timeCreated = doc.record.timeModified = scope.Timestamp();
     StoreTxn(ctx, lists, *kind, doc, scope, ledger, true);
+    // A quarter of the rest were paid later by check, some only in half.
+    if (payment && roll(4) == 0) {
+      std::vector<std::string> ar = {doc.record.accountId};
+      const int64_t open = ledger.OpenAmount(doc.record.txnId, ar);
+      Date issued = 0;
+      if (open <= 0 || !TryParseDate(std::string(doc.header.Get("TxnDate")), issued)) continue;
+      TxnDocument paid;
+      paid.header.Set("CustomerRef", doc.header.Get("CustomerRef"));
+      paid.header.Set("TxnDate", FormatDate(std::min(today, issued + roll(45)), "yyyy-mm-dd"));
+      paid.header.Set("RefNumber", std::to_string(5001 + i));
+      TxnLine applied;
+      applied.fields.Set("TxnID", doc.record.txnId);
+      applied.fields.Set("PaymentAmount", CentsText(roll(3) == 0 ? RoundToCents(open / 2) : open));
+      paid.lines.push_back(std::move(applied));
+      if (payment->complete(ctx, lists, paid, true).code != 0) continue;
+      paid.record.txnId = scope.NewId();
+      paid.record.txnNumber = number++;
+      paid.record.editSequence = scope.NewEditSequence();
+      paid.record.timeCreated = paid.record.timeModified = scope.Timestamp();
+      StoreTxn(ctx, lists, *payment, paid, scope, ledger, true);
+    }
   }
 }
 

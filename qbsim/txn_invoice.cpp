@@ -476,12 +476,15 @@ void InvoiceFigures(RequestContext& ctx, const TxnDocument& doc, FieldMap& answe
 
 const TxnKind kKinds[] = {
     {"Invoice", "InvoiceRet", "InvoiceLine", "InvoiceLineGroup", "CustomerRef", "ARAccountRef", kInvoiceHeader,
-     CompleteInvoice, PostInvoice, InvoiceFigures},
+     CompleteInvoice, PostInvoice, InvoiceFigures, {}, nullptr, true},
 };
 
 }  // namespace
 
-std::span<const TxnKind> TxnKinds() { return kKinds; }
+std::span<const TxnKind> TxnKinds() {
+  static const TxnKind kinds[] = {kKinds[0], ReceivePaymentKind()};
+  return kinds;
+}
 
 const ListCache::Entry* ListCache::Find(const std::string& listId) {
   if (listId.empty()) return nullptr;
@@ -517,7 +520,7 @@ const std::string& ListCache::Special(WriteScope* scope, std::string_view specia
 }
 
 const TxnKind* FindTxnKind(std::string_view name) {
-  for (const TxnKind& k : kKinds)
+  for (const TxnKind& k : TxnKinds())
     if (name == k.name) return &k;
   return nullptr;
 }

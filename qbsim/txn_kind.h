@@ -89,7 +89,17 @@ struct TxnKind {
   std::vector<Posting> (*post)(RequestContext& ctx, ListCache& lists, WriteScope& scope, const TxnDocument& doc);
   // Adds the figures the …Ret answers but nothing stores (totals, balance) to `answer`.
   void (*figures)(RequestContext& ctx, const TxnDocument& doc, FieldMap& answer);
+  // The fields of the kind's lines when they are not sales lines (a payment's applied
+  // amounts, which are answered whether lines are asked for or not).
+  std::span<const Field> lineFields = {};
+  // Fills what the …Ret shows on each line but nothing stores (open balances); may be null.
+  void (*lineFigures)(RequestContext& ctx, TxnDocument& doc) = nullptr;
+  // Whether the …Ret carries LinkedTxn, after the header, when the query asks for them.
+  bool answersLinks = false;
 };
+
+// Payments received from customers and applied to their invoices.
+const TxnKind& ReceivePaymentKind();
 
 std::span<const TxnKind> TxnKinds();
 

@@ -43,8 +43,14 @@ Status ReadHeader(RequestContext& ctx, const TxnKind& kind, const pugi::xml_node
   return RecordReader(ctx, k, form).Read(root, header);
 }
 
-Status ReadLine(RequestContext& ctx, const pugi::xml_node& node, bool group, uint16_t form, TxnLine& line) {
-  ListKind k = ReaderKind(group ? "GroupLine" : "Line", group ? SalesGroupLineFields() : SalesLineFields());
+// The line table of a kind: its own, or sales lines.
+std::span<const Field> LineFields(const TxnKind& kind) {
+  return kind.lineFields.empty() ? SalesLineFields() : kind.lineFields;
+}
+
+Status ReadLine(RequestContext& ctx, const TxnKind& kind, const pugi::xml_node& node, bool group, uint16_t form,
+                TxnLine& line) {
+  ListKind k = ReaderKind(group ? "GroupLine" : "Line", group ? SalesGroupLineFields() : LineFields(kind));
   // The members of a group come from the group item again; member lines in a modify of the
   // group are taken as read.
   pugi::xml_document copy;
@@ -89,7 +95,7 @@ Status ReadLines(RequestContext& ctx, const TxnKind& kind, const pugi::xml_node&
         }
       }
     }
-    if (Status s = ReadLine(ctx, c, group, form, line); !s.Ok()) return s;
+    if (Status s = ReadLine(ctx, kind, c, group, form, line); !s.Ok()) return s;
     lines.push_back(std::move(line));
   }
   if (!any && form == kInMod) lines = std::move(stored);  // no line elements: the lines stay
@@ -146,6 +152,7 @@ void WriteLineRet(RecordWriter& writer, XmlOut& out, const char* tag, const char
 
 struct RetOptions {
   bool lines = true;
+  bool links = false;  // IncludeLinkedTxns
   std::set<std::string> only;  // IncludeRetElement: empty = all
   std::vector<std::string> dataExtOwners;  // OwnerID: whose data extensions to answer
 };
@@ -165,11 +172,32 @@ void WriteRet(RequestContext& ctx, const TxnKind& kind, const TxnDocument& doc, 
   row.body = body;
   RecordWriter writer(ctx);
   writer.WriteFields(ret, kind.header, row);
-  if (o.lines) {
+  if (o.links && kind.answersLinks) {
+    // Every document whose postings change this one's open amount, both ways: the
+    // payment names the invoice in its applied lines, the invoice names the payment here.
+    for (const LedgerStore::Link& link : LedgerStore(ctx.file).LinksTo(doc.record.txnId)) {
+      ret.Open("LinkedTxn");
+      ret.Element("TxnID", link.txnId);
+      ret.Element("TxnType", link.kind);
+      ret.Element("TxnDate", link.txnDate);
+      if (!link.refNumber.empty()) ret.Element("RefNumber", link.refNumber);
+      ret.Element("LinkType", "AMTTYPE");
+      ret.Element("Amount", CentsText(link.amount));
+      ret.Close("LinkedTxn");
+    }
+  }
+  if (o.lines || !kind.lineFields.empty()) {
     std::string line = std::string(kind.lineTag) + "Ret", group = std::string(kind.groupTag) + "Ret";
-    for (const TxnLine& l : doc.lines)
+    TxnDocument shown;
+    const TxnDocument* lines = &doc;
+    if (kind.lineFigures) {
+      shown = doc;
+      kind.lineFigures(ctx, shown);
+      lines = &shown;
+    }
+    for (const TxnLine& l : lines->lines)
       WriteLineRet(writer, ret, l.isGroup ? group.c_str() : line.c_str(), line.c_str(),
-                   l.isGroup ? SalesGroupLineFields() : SalesLineFields(), l);
+                   l.isGroup ? SalesGroupLineFields() : LineFields(kind), l);
   }
   WriteDataExtRets(ctx.file, ret, doc.record.txnId, o.dataExtOwners);
   ret.Close(kind.retTag);
@@ -391,8 +419,10 @@ Status Query(RequestContext& ctx, const TxnKind& kind, const pugi::xml_node& req
       options.only.insert(text);
     } else if (tag == "OwnerID") {
       options.dataExtOwners.push_back(CanonicalOwner(text));
-    } else if (tag == "IncludeLinkedTxns" || tag == "CurrencyFilter") {
-      // No payments link to documents yet: nothing to add.
+    } else if (tag == "IncludeLinkedTxns") {
+      options.links = Canonical(ValueType::Bool, text).value_or("") == "true";
+    } else if (tag == "CurrencyFilter") {
+      // One currency per file: every document passes.
     } else if (ctx.Strict()) {
       return status::NotSupported("The element " + std::string(tag) + " in " + request.name());
     }
@@ -447,8 +477,13 @@ Status FindForChange(RequestContext& ctx, const pugi::xml_node& request, const c
   for (const TxnKind& k : TxnKinds())
     if (EqualsIgnoreCase(type, k.name)) kind = &k;
   if (!kind) return status::NotSupported(std::string(typeTag) + " " + type);
-  auto found = LedgerStore(ctx.file).ByTxnId(txnId);
+  LedgerStore ledger(ctx.file);
+  auto found = ledger.ByTxnId(txnId);
   if (!found || found->kind != kind->name) return status::ObjectNotFound(txnId);
+  // A document that others are applied to (an invoice with payments) stays until they go.
+  if (auto links = ledger.LinksTo(txnId); !links.empty())
+    return status::Refused("the " + std::string(kind->name) + " " + found->refNumber + " has a " + links.front().kind +
+                           " applied to it (" + links.front().txnId + ").");
   rec = *found;
   return status::Ok();
 }
