@@ -23,6 +23,14 @@ std::string ItemId(CompanyFile& file, const char* name) {
   return st.Step() ? std::string(st.Text(0)) : std::string();
 }
 
+// What an add gives a new document before it is stored.
+void Stamp(TxnDocument& doc, WriteScope& scope, int64_t number) {
+  doc.record.txnId = scope.NewId();
+  doc.record.txnNumber = number;
+  doc.record.editSequence = scope.NewEditSequence();
+  doc.record.timeCreated = doc.record.timeModified = scope.Timestamp();
+}
+
 }  // namespace
 
 void AddSampleInvoices(CompanyFile& file, WriteScope& scope, Edition edition, int newestVersion, int count) {
@@ -96,10 +104,7 @@ void AddSampleInvoices(CompanyFile& file, WriteScope& scope, Edition edition, in
       doc.lines.push_back(std::move(pay));
       if (kind->complete(ctx, lists, doc, true).code != 0) continue;
     }
-    doc.record.txnId = scope.NewId();
-    doc.record.txnNumber = number++;
-    doc.record.editSequence = scope.NewEditSequence();
-    doc.record.timeCreated = doc.record.timeModified = scope.Timestamp();
+    Stamp(doc, scope, number++);
     StoreTxn(ctx, lists, *kind, doc, scope, ledger, true);
     // A quarter of the rest were paid later by check, some only in half.
     if (payment && roll(4) == 0) {
@@ -116,10 +121,7 @@ void AddSampleInvoices(CompanyFile& file, WriteScope& scope, Edition edition, in
       applied.fields.Set("PaymentAmount", CentsText(roll(3) == 0 ? RoundToCents(open / 2) : open));
       paid.lines.push_back(std::move(applied));
       if (payment->complete(ctx, lists, paid, true).code != 0) continue;
-      paid.record.txnId = scope.NewId();
-      paid.record.txnNumber = number++;
-      paid.record.editSequence = scope.NewEditSequence();
-      paid.record.timeCreated = paid.record.timeModified = scope.Timestamp();
+      Stamp(paid, scope, number++);
       StoreTxn(ctx, lists, *payment, paid, scope, ledger, true);
     }
   }
