@@ -25,6 +25,8 @@
 #include "tessaron/lists/items.h"
 #include "tessaron/platform/text.h"
 #include "tessaron/transactions/invoices.h"
+#include "tessaron/transactions/receive_payments.h"
+#include "tessaron/transactions/txn_applied_to.h"
 #include "tessaron/transactions/txn_item_lines.h"
 #include "tessaron/version.h"
 
@@ -127,10 +129,18 @@ std::string AddAndReadBack(Customers& customers) {
   return name;
 }
 
+// Stops the demo with QuickBooks' reason when it refused the document.
+void RequireAccepted(TxnObject& txn, const std::string& what) {
+  if (txn.ObjectState() == qoObjectStateClean) return;
+  auto errors = txn.Errors();
+  throw Error(0x80040407u, "tessaron demo",
+              "The " + what + " was refused: " + (errors->Count() ? errors->Item(1)->Description() : std::string("?")));
+}
+
 // An invoice with a subtotal, a percentage discount after it and sales tax on the taxable
 // lines: the library works the figures out as the lines are added, the company file works
 // them out again from the request, and the two agree.
-void AddInvoice(const std::string& customer) {
+std::shared_ptr<Invoice> AddInvoice(const std::string& customer) {
   auto invoices = TessaronGlobals::Invoices();
   auto inv = invoices->Add(customer);
   inv->SetSalesTaxCode("Tax");
@@ -145,13 +155,28 @@ void AddInvoice(const std::string& customer) {
             << AmountToDisplayText(inv->Subtotal()) << ", tax " << AmountToDisplayText(inv->SalesTaxTotal())
             << ". Committing: ";
   invoices->Commit(inv);
-  if (inv->ObjectState() != qoObjectStateClean) {
-    auto errors = inv->Errors();
-    throw Error(0x80040407u, "tessaron demo",
-                "The invoice was refused: " + (errors->Count() ? errors->Item(1)->Description() : std::string("?")));
-  }
+  RequireAccepted(*inv, "invoice");
   std::cout << "accepted as number " << inv->RefNumber() << ", TxnID " << inv->TxnId() << "\n\n";
   PrintInvoice(*inv, std::cout);
+  return inv;
+}
+
+// The customer pays the whole invoice; read again, the invoice shows itself paid.
+void ReceivePaymentFor(const Invoice& inv) {
+  auto payments = TessaronGlobals::ReceivePayments();
+  auto payment = payments->Add(inv.Customer(), inv.BalanceRemaining());
+  payment->SetMemo("Received by tessaron demo");
+  payment->AppliedToTxns()->Add(inv.TxnId(), inv.BalanceRemaining());
+  std::cout << "\nA payment of " << AmountToDisplayText(payment->Total()) << " for invoice " << inv.RefNumber()
+            << ". Committing: ";
+  payments->Commit(payment);
+  RequireAccepted(*payment, "payment");
+  std::cout << "accepted, TxnID " << payment->TxnId() << "\n";
+  Invoices fresh;
+  auto paid = fresh.GetByTxnID(inv.TxnId(), false);
+  if (!paid) return;
+  std::cout << "Invoice " << paid->RefNumber() << " read again: paid " << (paid->IsPaid() ? "yes" : "no")
+            << ", balance " << AmountToDisplayText(paid->BalanceRemaining()) << "\n\n";
 }
 
 // A custom field on customers, set on the demo customer, and the data event the change
@@ -227,7 +252,7 @@ void AddDemoCommand(CLI::App& app, const GlobalOptions& global) {
     ShowCustomerTree(*customers);
     const std::string demoCustomer = AddAndReadBack(*customers);
     SetCustomFieldAndShowEvent(demoCustomer);
-    AddInvoice(demoCustomer);
+    ReceivePaymentFor(*AddInvoice(demoCustomer));
     qb->CloseConnection();
     State().GlobalConnection.reset();
     std::cout << "Connection closed.\n";

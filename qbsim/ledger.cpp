@@ -286,6 +286,17 @@ int64_t LedgerStore::OpenAmount(std::string_view txnId, std::span<const std::str
   return st.Step() ? st.Int(0) : 0;
 }
 
+std::vector<LedgerStore::Link> LedgerStore::LinksTo(std::string_view txnId) {
+  SqlStatement st = file_.Db().Prepare(
+      "SELECT t.txn_id, t.kind, t.txn_date, t.ref_number, sum(p.amount) FROM posting p JOIN txn t ON t.txn_id = "
+      "p.txn_id WHERE p.open_txn_id = ?1 AND p.txn_id <> ?1 GROUP BY t.txn_id ORDER BY t.txn_date, t.txn_number");
+  st.Bind(1, txnId);
+  std::vector<Link> out;
+  while (st.Step())
+    out.push_back({std::string(st.Text(0)), std::string(st.Text(1)), std::string(st.Text(2)), std::string(st.Text(3)), st.Int(4)});
+  return out;
+}
+
 int64_t LedgerStore::TxnAmount(std::string_view txnId, std::span<const std::string> accountIds) {
   SqlStatement st = file_.Db().Prepare("SELECT coalesce(sum(amount), 0) FROM posting WHERE txn_id = ? AND account_id IN (" +
                                        Placeholders(accountIds.size()) + ")");

@@ -97,6 +97,13 @@ class LedgerStore {
   int64_t EntityBalance(std::string_view entityId, std::span<const std::string> accountIds, bool withChildren);
   // What is still open of a document: its own rows and those applied to it, on those accounts.
   int64_t OpenAmount(std::string_view txnId, std::span<const std::string> accountIds);
+  // The other transactions whose rows name `txnId` as the document they change (the
+  // payments applied to an invoice), each with the sum of those rows, oldest first.
+  struct Link {
+    std::string txnId, kind, txnDate, refNumber;
+    int64_t amount = 0;
+  };
+  std::vector<Link> LinksTo(std::string_view txnId);
   // The sum of a transaction's own rows on those accounts.
   int64_t TxnAmount(std::string_view txnId, std::span<const std::string> accountIds);
   // How many postings and documents name a list record (account, entity, item, class).

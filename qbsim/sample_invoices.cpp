@@ -1,5 +1,6 @@
 #include "qbsim/sample_invoices.h"
 
+#include <algorithm>
 #include <vector>
 
 #include "qbsim/request_context.h"
@@ -22,10 +23,19 @@ std::string ItemId(CompanyFile& file, const char* name) {
   return st.Step() ? std::string(st.Text(0)) : std::string();
 }
 
+// What an add gives a new document before it is stored.
+void Stamp(TxnDocument& doc, WriteScope& scope, int64_t number) {
+  doc.record.txnId = scope.NewId();
+  doc.record.txnNumber = number;
+  doc.record.editSequence = scope.NewEditSequence();
+  doc.record.timeCreated = doc.record.timeModified = scope.Timestamp();
+}
+
 }  // namespace
 
 void AddSampleInvoices(CompanyFile& file, WriteScope& scope, Edition edition, int newestVersion, int count) {
   const TxnKind* kind = FindTxnKind("Invoice");
+  const TxnKind* payment = FindTxnKind("ReceivePayment");
   std::vector<std::string> customers =
       Ids(file, "SELECT list_id FROM list_record WHERE kind = 'Customer' AND is_active = 1 ORDER BY rowid");
   if (customers.empty() || count <= 0) return;
@@ -94,11 +104,26 @@ void AddSampleInvoices(CompanyFile& file, WriteScope& scope, Edition edition, in
       doc.lines.push_back(std::move(pay));
       if (kind->complete(ctx, lists, doc, true).code != 0) continue;
     }
-    doc.record.txnId = scope.NewId();
-    doc.record.txnNumber = number++;
-    doc.record.editSequence = scope.NewEditSequence();
-    doc.record.timeCreated = doc.record.timeModified = scope.Timestamp();
+    Stamp(doc, scope, number++);
     StoreTxn(ctx, lists, *kind, doc, scope, ledger, true);
+    // A quarter of the rest were paid later by check, some only in half.
+    if (payment && roll(4) == 0) {
+      std::vector<std::string> ar = {doc.record.accountId};
+      const int64_t open = ledger.OpenAmount(doc.record.txnId, ar);
+      Date issued = 0;
+      if (open <= 0 || !TryParseDate(std::string(doc.header.Get("TxnDate")), issued)) continue;
+      TxnDocument paid;
+      paid.header.Set("CustomerRef", doc.header.Get("CustomerRef"));
+      paid.header.Set("TxnDate", FormatDate(std::min(today, issued + roll(45)), "yyyy-mm-dd"));
+      paid.header.Set("RefNumber", std::to_string(5001 + i));
+      TxnLine applied;
+      applied.fields.Set("TxnID", doc.record.txnId);
+      applied.fields.Set("PaymentAmount", CentsText(roll(3) == 0 ? RoundToCents(open / 2) : open));
+      paid.lines.push_back(std::move(applied));
+      if (payment->complete(ctx, lists, paid, true).code != 0) continue;
+      Stamp(paid, scope, number++);
+      StoreTxn(ctx, lists, *payment, paid, scope, ledger, true);
+    }
   }
 }
 

@@ -1,5 +1,5 @@
 // The invoices of a sample company: spread over the last two years, a few per customer,
-// worked out and posted as an InvoiceAdd would be.
+// worked out and posted as an InvoiceAdd would be; some of them paid by a later payment.
 #pragma once
 
 #include "qbsim/company_file.h"

@@ -611,13 +611,14 @@ void UnpostedFigures(RequestContext& ctx, const TxnDocument& stored, FieldMap& a
 
 const TxnKind kKinds[] = {
     {"Invoice", "InvoiceRet", "InvoiceLine", "InvoiceLineGroup", "CustomerRef", "ARAccountRef", kInvoiceHeader,
-     kSalesLine, CompleteInvoice, PostInvoice, InvoiceFigures},
+     kSalesLine, CompleteInvoice, PostInvoice, InvoiceFigures, "AccountsReceivable", true, true, nullptr, true},
     // No modify of sales receipts in the versions the library speaks.
     {"SalesReceipt", "SalesReceiptRet", "SalesReceiptLine", "SalesReceiptLineGroup", "CustomerRef",
      "DepositToAccountRef", kSalesReceiptHeader, kSalesLine, CompleteInvoice, PostSalesReceipt, SalesReceiptFigures,
      "UndepositedFunds", false, true},
     {"CreditMemo", "CreditMemoRet", "CreditMemoLine", "CreditMemoLineGroup", "CustomerRef", "ARAccountRef",
-     kCreditMemoHeader, kSalesLine, CompleteInvoice, PostCreditMemo, CreditMemoFigures},
+     kCreditMemoHeader, kSalesLine, CompleteInvoice, PostCreditMemo, CreditMemoFigures, "AccountsReceivable", true,
+     true, nullptr, true},
     {"Estimate", "EstimateRet", "EstimateLine", "EstimateLineGroup", "CustomerRef", "", kEstimateHeader,
      kEstimateLine, CompleteInvoice, PostNothing, UnpostedFigures, nullptr, true, false},
     {"SalesOrder", "SalesOrderRet", "SalesOrderLine", "SalesOrderLineGroup", "CustomerRef", "", kSalesOrderHeader,
@@ -626,7 +627,14 @@ const TxnKind kKinds[] = {
 
 }  // namespace
 
-std::span<const TxnKind> TxnKinds() { return kKinds; }
+std::span<const TxnKind> TxnKinds() {
+  static const std::vector<TxnKind> kinds = [] {
+    std::vector<TxnKind> all(std::begin(kKinds), std::end(kKinds));
+    all.push_back(ReceivePaymentKind());
+    return all;
+  }();
+  return kinds;
+}
 
 const ListCache::Entry* ListCache::Find(const std::string& listId) {
   if (listId.empty()) return nullptr;
@@ -662,7 +670,7 @@ const std::string& ListCache::Special(WriteScope* scope, std::string_view specia
 }
 
 const TxnKind* FindTxnKind(std::string_view name) {
-  for (const TxnKind& k : kKinds)
+  for (const TxnKind& k : TxnKinds())
     if (name == k.name) return &k;
   return nullptr;
 }

@@ -95,7 +95,17 @@ struct TxnKind {
   const char* defaultAccount = "AccountsReceivable";
   bool canModify = true;  // QuickBooks answers …ModRq
   bool canVoid = true;    // the kind is a TxnVoidType
+  // Fills what the …Ret shows on each line but nothing stores (open balances); may be null.
+  void (*lineFigures)(RequestContext& ctx, TxnDocument& doc) = nullptr;
+  // Whether the …Ret carries LinkedTxn, after the header, when the query asks for them.
+  bool answersLinks = false;
+  // Whether the lines are answered even when the query leaves line items out (a payment's
+  // applied amounts are part of the payment).
+  bool linesAlwaysAnswered = false;
 };
+
+// Payments received from customers and applied to their invoices.
+const TxnKind& ReceivePaymentKind();
 
 std::span<const TxnKind> TxnKinds();
 

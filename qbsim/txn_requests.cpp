@@ -147,6 +147,7 @@ void WriteLineRet(RecordWriter& writer, XmlOut& out, const char* tag, const char
 
 struct RetOptions {
   bool lines = true;
+  bool links = false;  // IncludeLinkedTxns
   std::set<std::string> only;  // IncludeRetElement: empty = all
   std::vector<std::string> dataExtOwners;  // OwnerID: whose data extensions to answer
 };
@@ -166,9 +167,30 @@ void WriteRet(RequestContext& ctx, const TxnKind& kind, const TxnDocument& doc, 
   row.body = body;
   RecordWriter writer(ctx);
   writer.WriteFields(ret, kind.header, row);
-  if (o.lines) {
+  if (o.links && kind.answersLinks) {
+    // Every document whose postings change this one's open amount, both ways: the
+    // payment names the invoice in its applied lines, the invoice names the payment here.
+    for (const LedgerStore::Link& link : LedgerStore(ctx.file).LinksTo(doc.record.txnId)) {
+      ret.Open("LinkedTxn");
+      ret.Element("TxnID", link.txnId);
+      ret.Element("TxnType", link.kind);
+      ret.Element("TxnDate", link.txnDate);
+      if (!link.refNumber.empty()) ret.Element("RefNumber", link.refNumber);
+      ret.Element("LinkType", "AMTTYPE");
+      ret.Element("Amount", CentsText(link.amount));
+      ret.Close("LinkedTxn");
+    }
+  }
+  if (o.lines || kind.linesAlwaysAnswered) {
     std::string line = std::string(kind.lineTag) + "Ret", group = std::string(kind.groupTag) + "Ret";
-    for (const TxnLine& l : doc.lines)
+    TxnDocument shown;
+    const TxnDocument* lines = &doc;
+    if (kind.lineFigures) {
+      shown = doc;
+      kind.lineFigures(ctx, shown);
+      lines = &shown;
+    }
+    for (const TxnLine& l : lines->lines)
       WriteLineRet(writer, ret, l.isGroup ? group.c_str() : line.c_str(), line.c_str(),
                    l.isGroup ? SalesGroupLineFields() : kind.lineFields, kind.lineFields, l);
   }
@@ -393,8 +415,10 @@ Status Query(RequestContext& ctx, const TxnKind& kind, const pugi::xml_node& req
       options.only.insert(text);
     } else if (tag == "OwnerID") {
       options.dataExtOwners.push_back(CanonicalOwner(text));
-    } else if (tag == "IncludeLinkedTxns" || tag == "CurrencyFilter") {
-      // No payments link to documents yet: nothing to add.
+    } else if (tag == "IncludeLinkedTxns") {
+      options.links = Canonical(ValueType::Bool, text).value_or("") == "true";
+    } else if (tag == "CurrencyFilter") {
+      // One currency per file: every document passes.
     } else if (ctx.Strict()) {
       return status::NotSupported("The element " + std::string(tag) + " in " + request.name());
     }
@@ -451,8 +475,13 @@ Status FindForChange(RequestContext& ctx, const pugi::xml_node& request, const c
   for (const TxnKind& k : TxnKinds())
     if (EqualsIgnoreCase(type, k.name)) kind = &k;
   if (!kind) return status::NotSupported(std::string(typeTag) + " " + type);
-  auto found = LedgerStore(ctx.file).ByTxnId(txnId);
+  LedgerStore ledger(ctx.file);
+  auto found = ledger.ByTxnId(txnId);
   if (!found || found->kind != kind->name) return status::ObjectNotFound(txnId);
+  // A document that others are applied to (an invoice with payments) stays until they go.
+  if (auto links = ledger.LinksTo(txnId); !links.empty())
+    return status::Refused("the " + std::string(kind->name) + " " + found->refNumber + " has a " + links.front().kind +
+                           " applied to it (" + links.front().txnId + ").");
   rec = *found;
   return status::Ok();
 }

@@ -19,6 +19,7 @@
 #include "tessaron/transactions/purchase_collections.h"
 #include "tessaron/transactions/sales_orders.h"
 #include "tessaron/transactions/sales_receipts.h"
+#include "tessaron/transactions/receive_payments.h"
 
 namespace tessaron {
 
@@ -89,6 +90,7 @@ Company::Company()
   creditCardCharges_ = MasterTxns<tessaron::CreditCardCharges>();
   creditCardCredits_ = MasterTxns<tessaron::CreditCardCredits>();
   itemReceipts_ = MasterTxns<tessaron::ItemReceipts>();
+  receivePayments_ = MasterTxns<tessaron::ReceivePayments>();
   // The entity list makes records of their own classes of its ...Ret elements.
   tessaron::Entities::RegisterEntityKind("CustomerRet", [] { return std::make_shared<Customer>(); });
   tessaron::Entities::RegisterEntityKind("VendorRet", [] { return std::make_shared<Vendor>(); });
@@ -255,7 +257,6 @@ int32_t Company::SetClearedStatus(int32_t ClearedStatus, const std::string& TxnI
   std::shared_ptr<tessaron::Name> Company::Name() { NotAvailable(#Name); }
 TESSARON_NOT_YET(JournalEntries)
 TESSARON_NOT_YET(TimeTrackings)
-TESSARON_NOT_YET(ReceivePayments)
 TESSARON_NOT_YET(BillPayments)
 TESSARON_NOT_YET(UndepositedFunds)
 TESSARON_NOT_YET(Deposits)

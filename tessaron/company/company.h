@@ -160,13 +160,13 @@ class Company {
   std::shared_ptr<tessaron::CreditCardCharges> CreditCardCharges() const { return creditCardCharges_; }
   std::shared_ptr<tessaron::CreditCardCredits> CreditCardCredits() const { return creditCardCredits_; }
   std::shared_ptr<tessaron::ItemReceipts> ItemReceipts() const { return itemReceipts_; }
+  std::shared_ptr<tessaron::ReceivePayments> ReceivePayments() const { return receivePayments_; }
   // Not a master: QuickBooks only reads templates out. Made on first use.
   std::shared_ptr<tessaron::Templates> Templates();
 
   // Collections whose classes come later: each raises "not available" for now.
   std::shared_ptr<tessaron::JournalEntries> JournalEntries();
   std::shared_ptr<tessaron::TimeTrackings> TimeTrackings();
-  std::shared_ptr<tessaron::ReceivePayments> ReceivePayments();
   std::shared_ptr<tessaron::BillPayments> BillPayments();
   std::shared_ptr<tessaron::UndepositedFunds> UndepositedFunds();
   std::shared_ptr<tessaron::Deposits> Deposits();
@@ -254,6 +254,7 @@ class Company {
   std::shared_ptr<tessaron::CreditCardCharges> creditCardCharges_;
   std::shared_ptr<tessaron::CreditCardCredits> creditCardCredits_;
   std::shared_ptr<tessaron::ItemReceipts> itemReceipts_;
+  std::shared_ptr<tessaron::ReceivePayments> receivePayments_;
   std::shared_ptr<DataExtensionDefinitions> customFields_;
   std::shared_ptr<DataExtensionDefinitions> applicationFields_;
   std::shared_ptr<DataExtensions> companyApplicationFields_;

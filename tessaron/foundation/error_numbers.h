@@ -144,6 +144,9 @@ enum qoEnumErrors : int32_t {
   X(DuplicateAppliedTo, 0x800407EE,                                                                   \
     "Cannot apply more than one payment to the same TxnID in a ReceivePayment.Add call")              \
   X(AppliedExceedsTotal, 0x800407EF, "Total AppliedTos payment amount cannot exceed ReceivePayment.Total") \
+  /* payments and applied amounts */                                                                  \
+  X(BadDiscountAccount, 0x800407ED,                                                                   \
+    "Invalid DiscountAccount specified. DiscountAccount should be of type Expense, Income, OtherExpense or OtherIncome.") \
   X(NeedApAccount, 0x800407F1, "Account type must be Accounts Payable")                               \
   X(TxnTypeNotSet, 0x800407F2, "The TxnType property has not been set")                               \
   /* employees, sales reps, checks, customer messages, to-do notes */                                 \

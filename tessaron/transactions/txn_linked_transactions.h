@@ -1,6 +1,7 @@
 // txnLinkedTransactions: the documents a transaction is linked to (a payment received on
 // an invoice, an estimate turned into it), as the LinkedTxn elements of an answer carry
-// them. Read only: links are made by the documents that apply, not here.
+// them. Read only: links are made by the documents that apply, not here, and a link is
+// never sent in an add or a modify; it is written only to the saved form.
 #pragma once
 
 #include <cstdint>
@@ -17,6 +18,7 @@
 
 namespace tessaron {
 
+class qcErrors;
 class xmlBldr;
 
 namespace detail {
@@ -25,26 +27,56 @@ class TxnAccess;
 
 class txnLinkedTransaction {
  public:
+  // False for a link that counts money ("AMTTYPE"), true for one that counts quantities.
+  bool IsQuantityLink() const { return isQuantityLink_; }
+  qoEnumObjectState ObjectState() const { return state_; }
+  std::shared_ptr<qcErrors> Errors();
+  const Variant& UserData() const { return userData_; }
+  void SetUserData(const Variant& value) { userData_ = value; }
   const std::string& TxnId() const { return txnId_; }
-  // The kind of the other document as QuickBooks names it ("ReceivePayment").
-  const std::string& TxnType() const { return txnType_; }
+  void SetTxnId(const std::string& value) { txnId_ = value; }
+  const std::string& TxnLineId() const { return txnLineId_; }
+  void SetTxnLineId(const std::string& value) { txnLineId_ = value; }
+  // The kind of the other document (qoObjectTypeReceivePayment for a payment).
+  qoEnumListObjectType TxnType() const { return txnType_; }
+  // The same as QuickBooks names it ("ReceivePayment"), also for kinds without a number.
+  const std::string& TxnTypeName() const { return txnTypeName_; }
   Date TxnDate() const { return txnDate_; }
   const std::string& RefNumber() const { return refNumber_; }
   // "AMTTYPE" or "QUANTYPE" where QuickBooks says how the link counts.
   const std::string& LinkType() const { return linkType_; }
   Currency Amount() const { return amount_; }
+  void SetAmount(Currency value) { amount_ = value; }
+  // What a bill or credit to pay still holds (open bills and credits of a vendor).
+  Currency AmountDue() const { return amountDue_; }
+  Currency CreditRemaining() const { return creditRemaining_; }
+  Date DueDate() const { return dueDate_; }
+  const std::string& APAccount() const { return apAccount_; }
 
  private:
   friend class txnLinkedTransactions;
+  // A LinkedTxn, or a bill or credit to pay (with AmountDue, CreditRemaining, DueDate,
+  // APAccountRef); unknown elements are skipped.
   void FromDom(const XmlNode& node);
+  // LinkedTxn with TxnID, TxnType, TxnDate, RefNumber and Amount: the saved form only.
   void WriteQueryRs(xmlBldr& b) const;
 
+  bool isQuantityLink_ = false;
+  qoEnumObjectState state_ = qoObjectStateNew;
+  std::shared_ptr<qcErrors> errors_;
+  Variant userData_;
   std::string txnId_;
-  std::string txnType_;
+  std::string txnLineId_;
+  qoEnumListObjectType txnType_ = static_cast<qoEnumListObjectType>(0);
+  std::string txnTypeName_;
   Date txnDate_ = 0;
   std::string refNumber_;
   std::string linkType_;
   Currency amount_;
+  Currency amountDue_;
+  Currency creditRemaining_;
+  Date dueDate_ = 0;
+  std::string apAccount_;
 };
 
 class txnLinkedTransactions {

@@ -147,6 +147,9 @@ class TxnObject : public qcBase {
   // The sink the lines raise into, for other kinds of lines of the class.
   const std::shared_ptr<qcEventSink>& EventSink() const { return eventSink_; }
 
+  // The sink the object's parts raise into (lines, applied amounts).
+  const std::shared_ptr<qcEventSink>& EventSink() const { return eventSink_; }
+
   // What the owner does with the lines' events.
   virtual void RecalculateTotals() {}
   // A line asks whether a tax item may go on it; clear `name` and raise to refuse.

@@ -84,6 +84,29 @@ class TxnAccess {
     lines.WriteLines(builder, isRet, isMod);
   }
 
+  // ---- Applied amounts of a payment ----
+  // The owner's guard, run before every change of the collection.
+  template <class A, class F>
+  static void SetOwnerGuard(A& applied, F guard) {
+    applied.SetOwnerGuard(std::move(guard));
+  }
+  template <class A>
+  static void ClearMembers(A& applied) {
+    applied.ClearMembers();
+  }
+  template <class A>
+  static void ReadMember(A& applied, const XmlNode& node) {
+    applied.ReadMember(node);
+  }
+  template <class A, class B>
+  static void WriteRequest(const A& applied, B& builder, bool isMod) {
+    applied.WriteRequest(builder, isMod);
+  }
+  template <class A, class B>
+  static void WriteQueryRs(const A& applied, B& builder) {
+    applied.WriteQueryRs(builder);
+  }
+
   // ---- One line ----
   template <class T>
   static void SetIsGroup(T& line, bool value) {

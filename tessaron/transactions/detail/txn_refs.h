@@ -7,6 +7,7 @@
 #include <string>
 
 #include "tessaron/connection/library_state.h"
+#include "tessaron/foundation/enum_types.h"
 #include "tessaron/framework/detail/list_object_access.h"
 #include "tessaron/framework/qc_list_object_ref.h"
 
