@@ -144,10 +144,7 @@ class TxnObject : public qcBase {
   // The lines without loading them (writers, checks, state).
   txnItemLines& Lines() const { return *itemLines_; }
   const std::shared_ptr<txnItemLines>& LinesHandle() const { return itemLines_; }
-  // The sink the lines raise into, for other kinds of lines of the class.
-  const std::shared_ptr<qcEventSink>& EventSink() const { return eventSink_; }
-
-  // The sink the object's parts raise into (lines, applied amounts).
+  // The sink the object's parts raise into (item and expense lines, applied amounts).
   const std::shared_ptr<qcEventSink>& EventSink() const { return eventSink_; }
 
   // What the owner does with the lines' events.
