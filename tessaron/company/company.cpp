@@ -14,6 +14,7 @@
 #include "tessaron/platform/error.h"
 #include "tessaron/framework/detail/list_object_access.h"
 #include "tessaron/transactions/invoices.h"
+#include "tessaron/transactions/journal_entries.h"
 
 namespace tessaron {
 
@@ -63,6 +64,8 @@ Company::Company()
   // Transactions are not in the list registry.
   invoices_ = std::make_shared<tessaron::Invoices>();
   detail::ListObjectAccess::SetMaster(*invoices_, true);
+  journalEntries_ = std::make_shared<tessaron::JournalEntries>();
+  detail::ListObjectAccess::SetMaster(*journalEntries_, true);
   // The entity list makes records of their own classes of its ...Ret elements.
   tessaron::Entities::RegisterEntityKind("CustomerRet", [] { return std::make_shared<Customer>(); });
   tessaron::Entities::RegisterEntityKind("VendorRet", [] { return std::make_shared<Vendor>(); });
@@ -223,12 +226,13 @@ int32_t Company::SetClearedStatus(int32_t ClearedStatus, const std::string& TxnI
   return b.ErrNumber();
 }
 
+std::shared_ptr<tessaron::JournalEntries> Company::JournalEntries() { return journalEntries_; }
+
 // ---- Collections still to come -------------------------------------------------------------
 
 #define TESSARON_NOT_YET(Name) \
   std::shared_ptr<tessaron::Name> Company::Name() { NotAvailable(#Name); }
 TESSARON_NOT_YET(SalesOrders)
-TESSARON_NOT_YET(JournalEntries)
 TESSARON_NOT_YET(Bills)
 TESSARON_NOT_YET(Checks)
 TESSARON_NOT_YET(PurchaseOrders)

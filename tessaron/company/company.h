@@ -149,12 +149,12 @@ class Company {
   std::shared_ptr<tessaron::PayrollItemWages> PayrollItemWages() const { return payrollItemWages_; }
   std::shared_ptr<tessaron::PayrollItemNonWages> PayrollItemNonWages() const { return payrollItemNonWages_; }
   std::shared_ptr<tessaron::Invoices> Invoices() const { return invoices_; }
+  std::shared_ptr<tessaron::JournalEntries> JournalEntries();
   // Not a master: QuickBooks only reads templates out. Made on first use.
   std::shared_ptr<tessaron::Templates> Templates();
 
   // Collections whose classes come later: each raises "not available" for now.
   std::shared_ptr<tessaron::SalesOrders> SalesOrders();
-  std::shared_ptr<tessaron::JournalEntries> JournalEntries();
   std::shared_ptr<tessaron::Bills> Bills();
   std::shared_ptr<tessaron::Checks> Checks();
   std::shared_ptr<tessaron::PurchaseOrders> PurchaseOrders();
@@ -243,6 +243,7 @@ class Company {
   std::shared_ptr<tessaron::PayrollItemNonWages> payrollItemNonWages_;
   std::shared_ptr<tessaron::Templates> templates_;
   std::shared_ptr<tessaron::Invoices> invoices_;
+  std::shared_ptr<tessaron::JournalEntries> journalEntries_;
   std::shared_ptr<DataExtensionDefinitions> customFields_;
   std::shared_ptr<DataExtensionDefinitions> applicationFields_;
   std::shared_ptr<DataExtensions> companyApplicationFields_;

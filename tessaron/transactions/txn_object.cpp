@@ -128,7 +128,7 @@ Variant TxnObject::FromDom(const XmlNode& obj) {
     } else if (tag == "UserData") {
       userData_ = Variant(child.text());
     } else {
-      NoteUnknownElement(tag, info_.className);
+      NoteUnknownElement(tag, info_.unknownElementClass ? info_.unknownElementClass : info_.className);
     }
   }
   // An answer without lines leaves a collection that is Clean, not New.
