@@ -477,6 +477,7 @@ void InvoiceFigures(RequestContext& ctx, const TxnDocument& doc, FieldMap& answe
 const TxnKind kKinds[] = {
     {"Invoice", "InvoiceRet", "InvoiceLine", "InvoiceLineGroup", "CustomerRef", "ARAccountRef", kInvoiceHeader,
      CompleteInvoice, PostInvoice, InvoiceFigures},
+    JournalEntryKind(),
 };
 
 }  // namespace

@@ -75,6 +75,19 @@ class ListCache {
   std::optional<FieldMap> preferences_;
 };
 
+// Lines that are not sales item lines: their table, and the element names of the (at most
+// two) kinds of line. Suffixed names take "Add", "Mod" and "Ret" (DepositLineAdd); plain
+// names are the same in the add and the answer (JournalDebitLine, JournalCreditLine). The
+// kind of a stored line is kept in its fields under `kindField`, as the value at the
+// position of its name in `kindValues`.
+struct TxnLineForm {
+  std::span<const Field> fields;  // in the order of the line element
+  const char* tags[2] = {nullptr, nullptr};
+  bool suffixed = true;
+  const char* kindField = nullptr;
+  const char* kindValues[2] = {nullptr, nullptr};
+};
+
 struct TxnKind {
   const char* name;       // "Invoice": InvoiceAddRq, InvoiceModRq, InvoiceQueryRq, TxnDelType
   const char* retTag;     // "InvoiceRet"
@@ -89,9 +102,13 @@ struct TxnKind {
   std::vector<Posting> (*post)(RequestContext& ctx, ListCache& lists, WriteScope& scope, const TxnDocument& doc);
   // Adds the figures the …Ret answers but nothing stores (totals, balance) to `answer`.
   void (*figures)(RequestContext& ctx, const TxnDocument& doc, FieldMap& answer);
+  // Null for sales item lines (lineTag, groupTag); else the kind's own lines.
+  const TxnLineForm* lineForm = nullptr;
 };
 
 std::span<const TxnKind> TxnKinds();
+// Kinds defined in files of their own, gathered by TxnKinds().
+const TxnKind& JournalEntryKind();
 
 // Stores a worked-out document with its lines and its postings, in the scope's transaction;
 // a document without its account gets the kind's default one.

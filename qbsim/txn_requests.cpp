@@ -25,7 +25,21 @@ ListKind ReaderKind(const char* name, std::span<const Field> fields) {
   return k;
 }
 
+// The position of `tag` among the line names of a kind with its own lines in a message of
+// that form (suffix "Add", "Mod" or "Ret"); -1 when it names no line.
+int FormLineIndex(const TxnLineForm& form, std::string_view tag, std::string_view suffix) {
+  for (int i = 0; i < 2; ++i) {
+    if (!form.tags[i]) continue;
+    std::string name = form.tags[i];
+    if (form.suffixed) name += suffix;
+    if (tag == name) return i;
+  }
+  return -1;
+}
+
 bool IsLineTag(const TxnKind& kind, std::string_view tag) {
+  if (kind.lineForm)
+    return FormLineIndex(*kind.lineForm, tag, "Add") >= 0 || FormLineIndex(*kind.lineForm, tag, "Mod") >= 0;
   std::string line = kind.lineTag, group = kind.groupTag;
   return tag == line + "Add" || tag == line + "Mod" || tag == group + "Add" || tag == group + "Mod";
 }
@@ -41,6 +55,19 @@ Status ReadHeader(RequestContext& ctx, const TxnKind& kind, const pugi::xml_node
   }
   ListKind k = ReaderKind(kind.name, kind.header);
   return RecordReader(ctx, k, form).Read(root, header);
+}
+
+// A line of a kind with its own lines, `index` telling which of its names it came under.
+Status ReadFormLine(RequestContext& ctx, const TxnLineForm& lineForm, const pugi::xml_node& node, int index,
+                    uint16_t form, TxnLine& line) {
+  ListKind k = ReaderKind("Line", lineForm.fields);
+  pugi::xml_document copy;
+  pugi::xml_node root = copy.append_child(node.name());
+  for (pugi::xml_node c = node.first_child(); c; c = c.next_sibling())
+    if (std::string_view(c.name()) != "TxnLineID") root.append_copy(c);
+  if (Status s = RecordReader(ctx, k, form).Read(root, line.fields); !s.Ok()) return s;
+  if (lineForm.kindField) line.fields.Set(lineForm.kindField, lineForm.kindValues[index]);
+  return status::Ok();
 }
 
 Status ReadLine(RequestContext& ctx, const pugi::xml_node& node, bool group, uint16_t form, TxnLine& line) {
@@ -65,6 +92,19 @@ Status ReadLines(RequestContext& ctx, const TxnKind& kind, const pugi::xml_node&
   lines.clear();
   bool any = false;
   const std::string suffix = form == kInAdd ? "Add" : "Mod";
+  if (kind.lineForm) {
+    // New lines only: a modify that names none keeps the stored ones.
+    for (pugi::xml_node c = node.first_child(); c; c = c.next_sibling()) {
+      int index = FormLineIndex(*kind.lineForm, c.name(), suffix);
+      if (index < 0) continue;
+      any = true;
+      TxnLine line;
+      if (Status s = ReadFormLine(ctx, *kind.lineForm, c, index, form, line); !s.Ok()) return s;
+      lines.push_back(std::move(line));
+    }
+    if (!any && form == kInMod) lines = std::move(stored);
+    return status::Ok();
+  }
   for (pugi::xml_node c = node.first_child(); c; c = c.next_sibling()) {
     std::string_view tag = c.name();
     bool group = tag == std::string(kind.groupTag) + suffix;
@@ -165,7 +205,14 @@ void WriteRet(RequestContext& ctx, const TxnKind& kind, const TxnDocument& doc, 
   row.body = body;
   RecordWriter writer(ctx);
   writer.WriteFields(ret, kind.header, row);
-  if (o.lines) {
+  if (o.lines && kind.lineForm) {
+    const TxnLineForm& form = *kind.lineForm;
+    for (const TxnLine& l : doc.lines) {
+      int index = form.kindField && l.fields.Get(form.kindField) == form.kindValues[1] ? 1 : 0;
+      std::string tag = std::string(form.tags[index]) + (form.suffixed ? "Ret" : "");
+      WriteLineRet(writer, ret, tag.c_str(), tag.c_str(), form.fields, l);
+    }
+  } else if (o.lines) {
     std::string line = std::string(kind.lineTag) + "Ret", group = std::string(kind.groupTag) + "Ret";
     for (const TxnLine& l : doc.lines)
       WriteLineRet(writer, ret, l.isGroup ? group.c_str() : line.c_str(), line.c_str(),
@@ -195,7 +242,8 @@ void WriteRet(RequestContext& ctx, const TxnKind& kind, const TxnDocument& doc, 
 
 void StoreTxn(RequestContext& ctx, ListCache& lists, const TxnKind& kind, TxnDocument& doc, WriteScope& scope,
               LedgerStore& ledger, bool isNew) {
-  if (!doc.header.Has(kind.accountTag)) doc.header.Set(kind.accountTag, lists.Special(&scope, "AccountsReceivable"));
+  if (*kind.accountTag && !doc.header.Has(kind.accountTag))
+    doc.header.Set(kind.accountTag, lists.Special(&scope, "AccountsReceivable"));
   doc.record.kind = kind.name;
   doc.record.txnDate = doc.header.Get("TxnDate");
   doc.record.refNumber = doc.header.Get("RefNumber");
