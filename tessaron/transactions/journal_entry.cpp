@@ -69,12 +69,16 @@ Currency JournalEntry::RemainingAmount() const {
 // ---- Reading and writing -------------------------------------------------------------------
 
 Variant JournalEntry::FromDom(const XmlNode& obj) {
-  *lines_->stored_ = false;
-  lines_->col_ = Collection<std::shared_ptr<JournalEntryLine>>();
+  lines_->SetStored(false);
+  lines_->Reset();
   return TxnObject::FromDom(obj);
 }
 
-void JournalEntry::ReadLine(const XmlNode& node, bool isDebit) { lines_->Append()->Read(node, isDebit); }
+void JournalEntry::ReadLine(const XmlNode& node, bool isDebit) {
+  auto line = lines_->Append();
+  line->Read(node, isDebit);
+  lines_->Insert(line);
+}
 
 void JournalEntry::WriteLines(xmlBldr& b, WriteMode mode) {
   if (mode != WriteMode::Add) {
@@ -88,15 +92,14 @@ void JournalEntry::WriteLines(xmlBldr& b, WriteMode mode) {
 }
 
 void JournalEntry::AfterFromDom() {
-  lines_->state_ = qoObjectStateClean;
-  *lines_->stored_ = true;
+  lines_->SetState(qoObjectStateClean);
+  lines_->SetStored(true);
 }
 
 void JournalEntry::ResetToNew() {
   TxnObject::ResetToNew();
-  *lines_->stored_ = false;
-  lines_->state_ = qoObjectStateNew;
-  for (const auto& line : *lines_) line->state_ = qoObjectStateNew;
+  lines_->SetStored(false);
+  lines_->SetState(qoObjectStateNew);
 }
 
 // ---- Checks --------------------------------------------------------------------------------
@@ -124,7 +127,7 @@ bool JournalEntry::Validate() {
     errors->Add(err::kNeedLine, "JournalEntryLines", err::kNeedLineText);
   } else {
     // Empty lines at the end never reach QuickBooks.
-    while (lines_->Count() > lastUsed) lines_->col_.Remove(lines_->Count());
+    lines_->TrimTo(lastUsed);
   }
   return errors->Count() == 0;
 }

@@ -15,30 +15,6 @@ namespace tessaron {
 namespace {
 
 constexpr char kLineSource[] = "JournalEntryLine";
-constexpr char kLinesSource[] = "JournalEntryLines";
-
-const std::string& NameOf(const std::shared_ptr<qcListObjectRef>& ref) {
-  static const std::string none;
-  return ref ? ref->FullName() : none;
-}
-
-// The record a name stands for in `list`; null for an empty name, no company, or no record.
-std::shared_ptr<qcListObject> Lookup(qoEnumListType list, const std::string& name,
-                                     std::shared_ptr<qcListObjectRef>* refOut = nullptr) {
-  auto ref = std::make_shared<qcListObjectRef>(list);
-  detail::ListObjectAccess::SetFullName(*ref, name);
-  if (refOut) *refOut = ref;
-  if (name.empty() || !State().CurrentCompany) return nullptr;
-  return ResolveListRef(*ref);
-}
-
-// A reference setter: an unknown name raises `number` and keeps the old value.
-void SetRef(std::shared_ptr<qcListObjectRef>& target, qoEnumListType list, const std::string& value, uint32_t number,
-            const char* text) {
-  std::shared_ptr<qcListObjectRef> ref;
-  if (!Lookup(list, value, &ref) && !value.empty()) throw Error(number, kLineSource, text);
-  target = ref;
-}
 
 }  // namespace
 
@@ -65,24 +41,10 @@ const std::vector<BasicFieldDef<JournalEntryLine>>& JournalEntryLine::Fields() {
 }
 
 JournalEntryLine::JournalEntryLine()
-    : accountRef_(std::make_shared<qcListObjectRef>(qoListAccounts)),
+    : TxnPlainLine(kLineSource),
+      accountRef_(std::make_shared<qcListObjectRef>(qoListAccounts)),
       classRef_(std::make_shared<qcListObjectRef>(qoListClasses)),
       entityRef_(std::make_shared<qcListObjectRef>(qoListEntity)) {}
-
-std::shared_ptr<qcErrors> JournalEntryLine::Errors() {
-  if (!errors_) errors_ = std::make_shared<qcErrors>();
-  return errors_;
-}
-
-const std::string& JournalEntryLine::Account() const { return NameOf(accountRef_); }
-const std::string& JournalEntryLine::Class() const { return NameOf(classRef_); }
-const std::string& JournalEntryLine::Entity() const { return NameOf(entityRef_); }
-
-// Lines of a stored entry never change; a New line stays New, a read one turns Dirty.
-void JournalEntryLine::Changing() {
-  if (stored_ && *stored_) throw Error(err::kFieldCannotBeModified, kLineSource, err::kFieldCannotBeModifiedText);
-  if (state_ == qoObjectStateClean) state_ = qoObjectStateDirty;
-}
 
 void JournalEntryLine::SetIsDebit(bool value) { Changing(); isDebit_ = value; }
 void JournalEntryLine::SetAmount(Currency value) { Changing(); amount_ = value; }
@@ -101,15 +63,15 @@ void JournalEntryLine::SetAmountAsString(const std::string& value) {
 
 void JournalEntryLine::SetAccount(const std::string& value) {
   Changing();
-  SetRef(accountRef_, qoListAccounts, value, err::kInvalidTxnAccount, err::kInvalidTxnAccountText);
+  SetCheckedRef(accountRef_, qoListAccounts, value, err::kInvalidTxnAccount, err::kInvalidTxnAccountText, kLineSource);
 }
 void JournalEntryLine::SetClass(const std::string& value) {
   Changing();
-  SetRef(classRef_, qoListClasses, value, err::kClassMissing, err::kClassMissingText);
+  SetCheckedRef(classRef_, qoListClasses, value, err::kClassMissing, err::kClassMissingText, kLineSource);
 }
 void JournalEntryLine::SetEntity(const std::string& value) {
   Changing();
-  SetRef(entityRef_, qoListEntity, value, err::kEntityMissing, err::kEntityMissingText);
+  SetCheckedRef(entityRef_, qoListEntity, value, err::kEntityMissing, err::kEntityMissingText, kLineSource);
 }
 
 bool JournalEntryLine::IsUsed() const {
@@ -121,12 +83,12 @@ bool JournalEntryLine::Validate() {
   errors->Clear();
   if (state_ == qoObjectStateClean) return true;
   if (amount_ < Currency()) errors->Add(err::kJournalNegativeAmount, "Amount", err::kJournalNegativeAmountText);
-  std::shared_ptr<qcListObject> entity = Lookup(qoListEntity, Entity());
+  std::shared_ptr<qcListObject> entity = LookupRecord(qoListEntity, Entity());
   if (!Entity().empty() && !entity) errors->Add(err::kEntityMissing, "Entity", err::kEntityMissingText);
-  if (!Class().empty() && !Lookup(qoListClasses, Class()))
+  if (!Class().empty() && !LookupRecord(qoListClasses, Class()))
     errors->Add(err::kClassMissing, "Class", err::kClassMissingText);
   if (!Account().empty()) {
-    auto account = std::dynamic_pointer_cast<tessaron::Account>(Lookup(qoListAccounts, Account()));
+    auto account = std::dynamic_pointer_cast<tessaron::Account>(LookupRecord(qoListAccounts, Account()));
     const auto entityType = entity ? entity->ObjectType() : static_cast<qoEnumListObjectType>(0);
     if (!account) {
       errors->Add(err::kBadAccount, "Account", err::kBadAccountText);
@@ -161,59 +123,18 @@ void JournalEntryLine::Write(xmlBldr& b, WriteMode mode) {
 
 // ---- The collection --------------------------------------------------------------------------
 
-JournalEntryLines::JournalEntryLines() : stored_(std::make_shared<bool>(false)) {}
-
-std::shared_ptr<qcErrors> JournalEntryLines::Errors() {
-  if (!errors_) errors_ = std::make_shared<qcErrors>();
-  return errors_;
-}
-
-void JournalEntryLines::Guard() const {
-  if (*stored_) throw Error(err::kFieldCannotBeModified, kLinesSource, err::kFieldCannotBeModifiedText);
-}
-
-std::shared_ptr<JournalEntryLine> JournalEntryLines::Append() {
-  auto line = std::make_shared<JournalEntryLine>();
-  line->stored_ = stored_;
-  col_.Add(line);
-  return line;
-}
-
-void JournalEntryLines::Clear() {
-  Guard();
-  col_ = Collection<std::shared_ptr<JournalEntryLine>>();
-}
-
 std::shared_ptr<JournalEntryLine> JournalEntryLines::Add(const std::string& Account, Currency Amount, bool IsDebit,
                                                          const std::string& Class, const std::string& Entity,
                                                          const std::string& Memo) {
-  Guard();
-  auto line = std::make_shared<JournalEntryLine>();
-  line->stored_ = stored_;
-  // Look-ups first: a refused name adds no line.
+  auto line = Append(true);
   if (!Account.empty()) line->SetAccount(Account);
   if (!Class.empty()) line->SetClass(Class);
   if (!Entity.empty()) line->SetEntity(Entity);
   line->SetAmount(Amount);
   line->SetIsDebit(IsDebit);
   line->SetMemo(Memo);
-  col_.Add(line);
+  Insert(line);
   return line;
-}
-
-bool JournalEntryLines::ItemExists(const Variant& vntIndexKey) const {
-  if (vntIndexKey.IsString()) return col_.Exists(vntIndexKey.ToString());
-  const auto at = vntIndexKey.ToInteger();
-  return at >= 1 && at <= col_.Count();
-}
-
-std::shared_ptr<JournalEntryLine> JournalEntryLines::Item(const Variant& vntIndexKey) const {
-  return const_cast<Collection<std::shared_ptr<JournalEntryLine>>&>(col_).Item(vntIndexKey);
-}
-
-void JournalEntryLines::Remove(const Variant& vntIndexKey) {
-  Guard();
-  col_.Remove(vntIndexKey);
 }
 
 }  // namespace tessaron

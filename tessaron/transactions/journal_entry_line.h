@@ -16,6 +16,7 @@
 #include "tessaron/platform/currency.h"
 #include "tessaron/platform/variant.h"
 #include "tessaron/platform/xml_dom.h"
+#include "tessaron/transactions/txn_plain_line.h"
 
 namespace tessaron {
 
@@ -23,9 +24,8 @@ class qcErrors;
 class qcListObjectRef;
 class xmlBldr;
 class JournalEntry;
-class JournalEntryLines;
 
-class JournalEntryLine {
+class JournalEntryLine : public TxnPlainLine {
  public:
   // The class the rows of the line's field table point at.
   using FieldOwner = JournalEntryLine;
@@ -43,22 +43,18 @@ class JournalEntryLine {
   // other text raises 0x80040404.
   const std::string& AmountAsString() const { return amountText_; }
   void SetAmountAsString(const std::string& value);
-  std::shared_ptr<qcErrors> Errors();
-  const Variant& UserData() const { return userData_; }
-  void SetUserData(const Variant& value) { userData_ = value; }
   // Raises 0x800407E3 for an account not on file.
-  const std::string& Account() const;
+  const std::string& Account() const { return RefName(accountRef_); }
   void SetAccount(const std::string& value);
   // Raises 0x800407DD for a class not on file.
-  const std::string& Class() const;
+  const std::string& Class() const { return RefName(classRef_); }
   void SetClass(const std::string& value);
   // A customer, vendor, employee or other name; raises 0x800407DA when none has that name.
-  const std::string& Entity() const;
+  const std::string& Entity() const { return RefName(entityRef_); }
   void SetEntity(const std::string& value);
   const std::string& Memo() const { return memo_; }
   void SetMemo(const std::string& value);
 
-  qoEnumObjectState ObjectState() const { return state_; }
   // Collects, in this order: 0x8004070B negative amount, 0x800407DA entity, 0x800407DD
   // class, 0x800403F6 account (or what its type needs: a vendor on payables, a customer on
   // receivables, never a non-posting account), 0x8004070C an amount without an account.
@@ -68,10 +64,8 @@ class JournalEntryLine {
   bool IsUsed() const;
 
  private:
-  friend class JournalEntryLines;
   friend class JournalEntry;
   static const std::vector<BasicFieldDef<JournalEntryLine>>& Fields();
-  void Changing();
   void Read(const XmlNode& node, bool isDebit);
   void Write(xmlBldr& b, WriteMode mode);
 
@@ -83,42 +77,16 @@ class JournalEntryLine {
   std::shared_ptr<qcListObjectRef> classRef_;
   std::shared_ptr<qcListObjectRef> entityRef_;
   std::string memo_;
-  Variant userData_;
-  std::shared_ptr<qcErrors> errors_;
-  qoEnumObjectState state_ = qoObjectStateNew;
-  // Shared with the owning entry: true once QuickBooks holds it.
-  std::shared_ptr<const bool> stored_;
 };
 
-class JournalEntryLines {
+class JournalEntryLines : public TxnPlainLines<JournalEntryLine> {
  public:
-  JournalEntryLines();
-
-  qoEnumObjectState ObjectState() const { return state_; }
-  std::shared_ptr<qcErrors> Errors();
-  void Clear();
-  // A new line at the end, filled with what is given.
+  JournalEntryLines() : TxnPlainLines("JournalEntryLines") {}
+  // A new line at the end, filled with what is given; a name not on file raises and adds
+  // no line.
   std::shared_ptr<JournalEntryLine> Add(const std::string& Account = "", Currency Amount = Currency(),
                                         bool IsDebit = true, const std::string& Class = "",
                                         const std::string& Entity = "", const std::string& Memo = "");
-  bool ItemExists(const Variant& vntIndexKey) const;
-  // By position from 1 or by key; raises the collection's error when absent.
-  std::shared_ptr<JournalEntryLine> Item(const Variant& vntIndexKey) const;
-  long Count() const { return col_.Count(); }
-  void Remove(const Variant& vntIndexKey);
-
-  auto begin() const { return col_.begin(); }
-  auto end() const { return col_.end(); }
-
- private:
-  friend class JournalEntry;
-  void Guard() const;
-  std::shared_ptr<JournalEntryLine> Append();
-
-  Collection<std::shared_ptr<JournalEntryLine>> col_;
-  qoEnumObjectState state_ = qoObjectStateNew;
-  std::shared_ptr<qcErrors> errors_;
-  std::shared_ptr<bool> stored_;
 };
 
 }  // namespace tessaron
