@@ -478,6 +478,7 @@ const TxnKind kKinds[] = {
     {"Invoice", "InvoiceRet", "InvoiceLine", "InvoiceLineGroup", "CustomerRef", "ARAccountRef", kInvoiceHeader,
      CompleteInvoice, PostInvoice, InvoiceFigures},
     JournalEntryKind(),
+    DepositKind(),
 };
 
 }  // namespace

@@ -68,7 +68,8 @@ Status CompleteJournal(RequestContext&, ListCache& lists, TxnDocument& doc, bool
 }
 
 // Each line to its account as it stands; a receivable or payable line is an open amount
-// of the entry itself, as an invoice's receivable row is.
+// of the entry itself, as an invoice's receivable row is, and so is money put into
+// Undeposited Funds, which a deposit then takes out by naming the entry.
 std::vector<Posting> PostJournal(RequestContext&, ListCache& lists, WriteScope&, const TxnDocument& doc) {
   std::vector<Posting> rows;
   for (const TxnLine& l : doc.lines) {
@@ -76,7 +77,8 @@ std::vector<Posting> PostJournal(RequestContext&, ListCache& lists, WriteScope&,
     const std::string account(l.fields.Get("AccountRef"));
     if (amount == 0 || account.empty()) continue;
     const std::string_view type = lists.Get(account, "AccountType");
-    const bool open = type == "AccountsReceivable" || type == "AccountsPayable";
+    const bool open = type == "AccountsReceivable" || type == "AccountsPayable" ||
+                      lists.Get(account, "SpecialAccountType") == "UndepositedFunds";
     rows.push_back({account, IsDebit(l) ? amount : -amount, std::string(l.fields.Get("EntityRef")), "",
                     std::string(l.fields.Get("ClassRef")), open ? doc.record.txnId : ""});
   }

@@ -109,6 +109,7 @@ struct TxnKind {
 std::span<const TxnKind> TxnKinds();
 // Kinds defined in files of their own, gathered by TxnKinds().
 const TxnKind& JournalEntryKind();
+const TxnKind& DepositKind();
 
 // Stores a worked-out document with its lines and its postings, in the scope's transaction;
 // a document without its account gets the kind's default one.

@@ -14,6 +14,7 @@
 #include "tessaron/platform/error.h"
 #include "tessaron/framework/detail/list_object_access.h"
 #include "tessaron/transactions/invoices.h"
+#include "tessaron/transactions/deposits.h"
 #include "tessaron/transactions/journal_entries.h"
 
 namespace tessaron {
@@ -66,6 +67,8 @@ Company::Company()
   detail::ListObjectAccess::SetMaster(*invoices_, true);
   journalEntries_ = std::make_shared<tessaron::JournalEntries>();
   detail::ListObjectAccess::SetMaster(*journalEntries_, true);
+  deposits_ = std::make_shared<tessaron::Deposits>();
+  detail::ListObjectAccess::SetMaster(*deposits_, true);
   // The entity list makes records of their own classes of its ...Ret elements.
   tessaron::Entities::RegisterEntityKind("CustomerRet", [] { return std::make_shared<Customer>(); });
   tessaron::Entities::RegisterEntityKind("VendorRet", [] { return std::make_shared<Vendor>(); });
@@ -227,6 +230,7 @@ int32_t Company::SetClearedStatus(int32_t ClearedStatus, const std::string& TxnI
 }
 
 std::shared_ptr<tessaron::JournalEntries> Company::JournalEntries() { return journalEntries_; }
+std::shared_ptr<tessaron::Deposits> Company::Deposits() { return deposits_; }
 
 // ---- Collections still to come -------------------------------------------------------------
 
@@ -246,7 +250,6 @@ TESSARON_NOT_YET(Estimates)
 TESSARON_NOT_YET(ReceivePayments)
 TESSARON_NOT_YET(BillPayments)
 TESSARON_NOT_YET(UndepositedFunds)
-TESSARON_NOT_YET(Deposits)
 TESSARON_NOT_YET(StatementCharges)
 TESSARON_NOT_YET(InventoryAdjustments)
 TESSARON_NOT_YET(SalesTaxPaymentChecks)

@@ -150,6 +150,7 @@ class Company {
   std::shared_ptr<tessaron::PayrollItemNonWages> PayrollItemNonWages() const { return payrollItemNonWages_; }
   std::shared_ptr<tessaron::Invoices> Invoices() const { return invoices_; }
   std::shared_ptr<tessaron::JournalEntries> JournalEntries();
+  std::shared_ptr<tessaron::Deposits> Deposits();
   // Not a master: QuickBooks only reads templates out. Made on first use.
   std::shared_ptr<tessaron::Templates> Templates();
 
@@ -168,7 +169,6 @@ class Company {
   std::shared_ptr<tessaron::ReceivePayments> ReceivePayments();
   std::shared_ptr<tessaron::BillPayments> BillPayments();
   std::shared_ptr<tessaron::UndepositedFunds> UndepositedFunds();
-  std::shared_ptr<tessaron::Deposits> Deposits();
   std::shared_ptr<tessaron::StatementCharges> StatementCharges();
   std::shared_ptr<tessaron::InventoryAdjustments> InventoryAdjustments();
   std::shared_ptr<tessaron::SalesTaxPaymentChecks> SalesTaxPaymentChecks();
@@ -244,6 +244,7 @@ class Company {
   std::shared_ptr<tessaron::Templates> templates_;
   std::shared_ptr<tessaron::Invoices> invoices_;
   std::shared_ptr<tessaron::JournalEntries> journalEntries_;
+  std::shared_ptr<tessaron::Deposits> deposits_;
   std::shared_ptr<DataExtensionDefinitions> customFields_;
   std::shared_ptr<DataExtensionDefinitions> applicationFields_;
   std::shared_ptr<DataExtensions> companyApplicationFields_;

@@ -1,0 +1,112 @@
+// Deposits: money into a bank account from the payments waiting in Undeposited Funds (a
+// line naming the payment) or from other accounts. A payment's line takes what is still
+// undeposited of it; the deposit account is debited with the whole.
+#include "qbsim/company_file.h"
+#include "qbsim/company_records.h"
+#include "qbsim/request_context.h"
+#include "qbsim/txn_kind.h"
+#include "tessaron/platform/currency.h"
+
+namespace tessaron::qbsim {
+namespace {
+
+using VT = ValueType;
+
+constexpr const char* kAccountKinds[] = {"Account"};
+constexpr const char* kEntityKinds[] = {"Customer", "Vendor", "Employee", "OtherName"};
+constexpr const char* kClassKinds[] = {"Class"};
+constexpr const char* kPaymentMethodKinds[] = {"PaymentMethod"};
+constexpr RefTarget kAccount{"Account", kAccountKinds};
+constexpr RefTarget kEntity{"Entity", kEntityKinds};
+constexpr RefTarget kClass{"Class", kClassKinds};
+constexpr RefTarget kPaymentMethod{"PaymentMethod", kPaymentMethodKinds};
+
+constexpr uint16_t kAddMod = kInAdd | kInMod;
+
+// DepositRet after TxnNumber, before the lines.
+constexpr Field kDepositHeader[] = {V("TxnDate", VT::Date), R("DepositToAccountRef", kAccount).Required(),
+                                   V("Memo").Max(4095), V("DepositTotal", VT::Amount).Only(kInRet)};
+
+// One table for the add and the answer: a payment is PaymentTxnID in the add and TxnID
+// (with its TxnType) in the answer.
+constexpr Field kDepositLine[] = {V("TxnType").Only(kInRet),
+                                  V("TxnID").Only(kInRet),
+                                  V("PaymentTxnID").Only(kAddMod),
+                                  V("TxnLineID").Only(kInRet),
+                                  V("PaymentTxnLineID"),
+                                  V("OverrideMemo").Max(4095).Only(kAddMod),
+                                  V("OverrideCheckNumber").Max(25).Only(kAddMod),
+                                  R("EntityRef", kEntity),
+                                  R("AccountRef", kAccount),
+                                  V("Memo").Max(4095),
+                                  V("CheckNumber").Max(25),
+                                  R("PaymentMethodRef", kPaymentMethod),
+                                  R("ClassRef", kClass),
+                                  V("Amount", VT::Amount)};
+
+constexpr TxnLineForm kDepositLines{kDepositLine, {"DepositLine", nullptr}, true, nullptr, {nullptr, nullptr}};
+
+int64_t AmountOf(const FieldMap& f) {
+  Currency c;
+  return Currency::TryParse(f.Get("Amount"), c) ? RoundToCents(c.Raw()) : 0;
+}
+
+// A payment line becomes what the answer shows: the payment's id, kind, name and what is
+// still undeposited of it.
+Status CompleteDeposit(RequestContext& ctx, ListCache& lists, TxnDocument& doc, bool) {
+  const std::vector<std::string> undeposited = {lists.Special(nullptr, "UndepositedFunds")};
+  LedgerStore ledger(ctx.file);
+  for (TxnLine& l : doc.lines) {
+    if (!l.fields.Has("PaymentTxnID")) {
+      if (!l.fields.Has("AccountRef")) return status::MissingElement("AccountRef");
+      continue;
+    }
+    const std::string paymentId(l.fields.Get("PaymentTxnID"));
+    auto payment = ledger.ByTxnId(paymentId);
+    if (!payment || undeposited.front().empty()) return status::InvalidReference("PaymentTxnID", paymentId);
+    const int64_t open = ledger.OpenAmount(paymentId, undeposited);
+    if (open <= 0) return status::Refused("the payment " + paymentId + " is already deposited.");
+    l.fields.Erase("PaymentTxnID");
+    l.fields.Set("TxnType", payment->kind);
+    l.fields.Set("TxnID", paymentId);
+    if (!payment->entityId.empty()) l.fields.Set("EntityRef", payment->entityId);
+    l.fields.Set("AccountRef", undeposited.front());
+    if (l.fields.Has("OverrideMemo")) l.fields.Set("Memo", l.fields.Get("OverrideMemo"));
+    if (l.fields.Has("OverrideCheckNumber")) l.fields.Set("CheckNumber", l.fields.Get("OverrideCheckNumber"));
+    l.fields.Erase("OverrideMemo");
+    l.fields.Erase("OverrideCheckNumber");
+    l.fields.Set("Amount", CentsText(open));
+  }
+  return status::Ok();
+}
+
+// Each line credits where the money comes from (a payment's line names the payment, which
+// it closes in Undeposited Funds); the deposit account is debited with the whole.
+std::vector<Posting> PostDeposit(RequestContext&, ListCache&, WriteScope&, const TxnDocument& doc) {
+  std::vector<Posting> rows;
+  int64_t total = 0;
+  for (const TxnLine& l : doc.lines) {
+    const int64_t amount = AmountOf(l.fields);
+    if (amount == 0) continue;
+    rows.push_back({std::string(l.fields.Get("AccountRef")), -amount, std::string(l.fields.Get("EntityRef")), "",
+                    std::string(l.fields.Get("ClassRef")), std::string(l.fields.Get("TxnID"))});
+    total += amount;
+  }
+  if (total != 0) rows.push_back({std::string(doc.header.Get("DepositToAccountRef")), total, "", "", "", ""});
+  return rows;
+}
+
+void DepositFigures(RequestContext& ctx, const TxnDocument& doc, FieldMap& answer) {
+  std::vector<std::string> to = {std::string(doc.header.Get("DepositToAccountRef"))};
+  answer.Set("DepositTotal", CentsText(LedgerStore(ctx.file).TxnAmount(doc.record.txnId, to)));
+}
+
+}  // namespace
+
+const TxnKind& DepositKind() {
+  static const TxnKind kind{"Deposit", "DepositRet", "", "", "", "DepositToAccountRef", kDepositHeader,
+                            CompleteDeposit, PostDeposit, DepositFigures, &kDepositLines};
+  return kind;
+}
+
+}  // namespace tessaron::qbsim
