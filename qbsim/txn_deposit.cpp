@@ -3,6 +3,9 @@
 // undeposited of it; the deposit account is debited with the whole.
 #include "qbsim/company_file.h"
 #include "qbsim/company_records.h"
+#include "qbsim/record_writer.h"
+#include "qbsim/sql.h"
+#include "qbsim/xml_out.h"
 #include "qbsim/request_context.h"
 #include "qbsim/txn_kind.h"
 #include "tessaron/platform/currency.h"
@@ -101,7 +104,50 @@ void DepositFigures(RequestContext& ctx, const TxnDocument& doc, FieldMap& answe
   answer.Set("DepositTotal", CentsText(LedgerStore(ctx.file).TxnAmount(doc.record.txnId, to)));
 }
 
+constexpr const char* kCustomerKinds[] = {"Customer"};
+constexpr RefTarget kCustomer{"Customer:Job", kCustomerKinds};
+
+constexpr Field kWaitingRet[] = {V("TxnID"), V("TxnType"), R("CustomerRef", kCustomer), V("TxnDate", VT::Date),
+                                 V("RefNumber"), V("Amount", VT::Amount)};
+
 }  // namespace
+
+// What waits in Undeposited Funds: each document whose rows there do not sum to zero,
+// with what is left of it; the name is answered when it is a customer.
+Status UndepositedFundsQuery(RequestContext& ctx, const pugi::xml_node&, XmlOut& out) {
+  const std::string undeposited = SpecialAccount(ctx, nullptr, "UndepositedFunds");
+  if (undeposited.empty()) return status::NoMatch();
+  SqlStatement st = ctx.file.Db().Prepare(
+      "SELECT open_txn_id, sum(amount), max(entity_id) FROM posting WHERE account_id = ? AND open_txn_id <> '' "
+      "GROUP BY open_txn_id HAVING sum(amount) <> 0");
+  st.Bind(1, undeposited);
+  std::vector<std::tuple<std::string, int64_t, std::string>> open;
+  while (st.Step()) open.emplace_back(std::string(st.Text(0)), st.Int(1), std::string(st.Text(2)));
+  LedgerStore ledger(ctx.file);
+  ListCache lists(ctx);
+  RecordWriter writer(ctx);
+  int written = 0;
+  for (const auto& [txnId, amount, entity] : open) {
+    auto rec = ledger.ByTxnId(txnId);
+    if (!rec) continue;
+    FieldMap f;
+    f.Set("TxnID", txnId);
+    f.Set("TxnType", rec->kind);
+    const ListCache::Entry* name = lists.Find(entity);
+    if (name && name->kind == "Customer") f.Set("CustomerRef", entity);
+    f.Set("TxnDate", rec->txnDate);
+    if (!rec->refNumber.empty()) f.Set("RefNumber", rec->refNumber);
+    f.Set("Amount", CentsText(amount));
+    std::string body = f.Encode();
+    RecordRow row;
+    row.body = body;
+    out.Open("ReceivePaymentToDepositRet");
+    writer.WriteFields(out, kWaitingRet, row);
+    out.Close("ReceivePaymentToDepositRet");
+    ++written;
+  }
+  return written == 0 ? status::NoMatch() : status::Ok();
+}
 
 const TxnKind& DepositKind() {
   static const TxnKind kind{"Deposit", "DepositRet", "", "", "", "DepositToAccountRef", kDepositHeader,

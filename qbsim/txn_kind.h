@@ -25,6 +25,7 @@ class CompanyFile;
 class ListStore;
 class RequestContext;
 class WriteScope;
+class XmlOut;
 
 // A line of a document as it is worked on: its stored fields (ItemRef, Desc, Quantity,
 // Rate, RatePercent, ClassRef, Amount, ServiceDate, SalesTaxCodeRef, Other1, Other2) and,
@@ -110,6 +111,8 @@ std::span<const TxnKind> TxnKinds();
 // Kinds defined in files of their own, gathered by TxnKinds().
 const TxnKind& JournalEntryKind();
 const TxnKind& DepositKind();
+// ReceivePaymentToDepositQueryRq: the payments (and other money) waiting in Undeposited Funds.
+Status UndepositedFundsQuery(RequestContext& ctx, const pugi::xml_node& request, XmlOut& out);
 
 // Stores a worked-out document with its lines and its postings, in the scope's transaction;
 // a document without its account gets the kind's default one.

@@ -602,6 +602,7 @@ void RegisterTxnRequests(RequestTable& table) {
   table.Add("TxnDelRq", {Delete, nullptr, 10});
   table.Add("TxnVoidRq", {Void, nullptr, 11});
   table.Add("TxnDeletedQueryRq", {DeletedQuery, nullptr, 20});
+  table.Add("ReceivePaymentToDepositQueryRq", {UndepositedFundsQuery, nullptr, 10});
 }
 
 }  // namespace tessaron::qbsim

@@ -16,6 +16,7 @@
 #include "tessaron/transactions/invoices.h"
 #include "tessaron/transactions/deposits.h"
 #include "tessaron/transactions/journal_entries.h"
+#include "tessaron/transactions/undeposited_funds.h"
 
 namespace tessaron {
 
@@ -231,6 +232,10 @@ int32_t Company::SetClearedStatus(int32_t ClearedStatus, const std::string& TxnI
 
 std::shared_ptr<tessaron::JournalEntries> Company::JournalEntries() { return journalEntries_; }
 std::shared_ptr<tessaron::Deposits> Company::Deposits() { return deposits_; }
+// A read-only view: a fresh one on each call, nothing to commit.
+std::shared_ptr<tessaron::UndepositedFunds> Company::UndepositedFunds() {
+  return std::make_shared<tessaron::UndepositedFunds>();
+}
 
 // ---- Collections still to come -------------------------------------------------------------
 
@@ -249,7 +254,6 @@ TESSARON_NOT_YET(CreditMemos)
 TESSARON_NOT_YET(Estimates)
 TESSARON_NOT_YET(ReceivePayments)
 TESSARON_NOT_YET(BillPayments)
-TESSARON_NOT_YET(UndepositedFunds)
 TESSARON_NOT_YET(StatementCharges)
 TESSARON_NOT_YET(InventoryAdjustments)
 TESSARON_NOT_YET(SalesTaxPaymentChecks)

@@ -10,6 +10,7 @@
 #include "tessaron/lists/account.h"
 #include "tessaron/transactions/deposits.h"
 #include "tessaron/transactions/journal_entries.h"
+#include "tessaron/transactions/undeposited_funds.h"
 #include "tests/e2e/e2e_session.h"
 #include "tests/support/ledger_check.h"
 
@@ -79,6 +80,25 @@ TEST_P(DepositsEndToEnd, PaymentDepositedOnceIsRefusedTheSecondTime) {
   EXPECT_GT(deposits->Commit(again), 0);
   EXPECT_EQ(again->ObjectState(), qoObjectStateNew);
   EXPECT_EQ(AccountBalance("Checking"), bank);
+}
+
+TEST_P(DepositsEndToEnd, WaitingMoneyIsListedUntilDeposited) {
+  auto waiting = TessaronGlobals::UndepositedFunds();
+  waiting->GetAll();
+  const Currency before = waiting->Total();
+  const std::string sale = Waiting(Currency(35));
+  waiting->GetAll();
+  ASSERT_TRUE(waiting->ItemExists(Variant(sale)));
+  auto fund = waiting->Item(Variant(sale));
+  EXPECT_EQ(fund->Amount(), Currency(35));
+  EXPECT_EQ(fund->TxnType(), "JournalEntry");
+  EXPECT_EQ(waiting->Total(), before + Currency(35));
+
+  auto d = deposits->Add("Checking");
+  d->Lines()->AddPayment(fund->TxnId());
+  ASSERT_EQ(deposits->Commit(d), 0);
+  waiting->GetAll();
+  EXPECT_FALSE(waiting->ItemExists(Variant(sale)));
 }
 
 TEST_P(DepositsEndToEnd, MoneyFromAnAccountMovesBothAccounts) {
