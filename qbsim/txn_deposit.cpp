@@ -2,6 +2,7 @@
 // line naming the payment) or from other accounts. A payment's line takes what is still
 // undeposited of it; the deposit account is debited with the whole.
 #include "qbsim/company_file.h"
+#include "qbsim/common_fields.h"
 #include "qbsim/company_records.h"
 #include "qbsim/record_writer.h"
 #include "qbsim/sql.h"
@@ -15,13 +16,10 @@ namespace {
 
 using VT = ValueType;
 
-constexpr const char* kAccountKinds[] = {"Account"};
-constexpr const char* kEntityKinds[] = {"Customer", "Vendor", "Employee", "OtherName"};
-constexpr const char* kClassKinds[] = {"Class"};
 constexpr const char* kPaymentMethodKinds[] = {"PaymentMethod"};
-constexpr RefTarget kAccount{"Account", kAccountKinds};
-constexpr RefTarget kEntity{"Entity", kEntityKinds};
-constexpr RefTarget kClass{"Class", kClassKinds};
+constexpr const RefTarget& kAccount = fields::kAccountTarget;
+constexpr const RefTarget& kEntity = fields::kEntityTarget;
+constexpr const RefTarget& kClass = fields::kClassTarget;
 constexpr RefTarget kPaymentMethod{"PaymentMethod", kPaymentMethodKinds};
 
 constexpr uint16_t kAddMod = kInAdd | kInMod;

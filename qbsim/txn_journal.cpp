@@ -1,6 +1,7 @@
 // Journal entries: debit and credit lines against accounts, posted as they stand. QuickBooks
 // refuses an entry whose debits and credits differ, a receivable line without a customer, a
 // payable line without a vendor, and a line on a non-posting account.
+#include "qbsim/common_fields.h"
 #include "qbsim/company_records.h"
 #include "qbsim/request_context.h"
 #include "qbsim/txn_kind.h"
@@ -11,12 +12,9 @@ namespace {
 
 using VT = ValueType;
 
-constexpr const char* kAccountKinds[] = {"Account"};
-constexpr const char* kEntityKinds[] = {"Customer", "Vendor", "Employee", "OtherName"};
-constexpr const char* kClassKinds[] = {"Class"};
-constexpr RefTarget kAccount{"Account", kAccountKinds};
-constexpr RefTarget kEntity{"Entity", kEntityKinds};
-constexpr RefTarget kClass{"Class", kClassKinds};
+constexpr const RefTarget& kAccount = fields::kAccountTarget;
+constexpr const RefTarget& kEntity = fields::kEntityTarget;
+constexpr const RefTarget& kClass = fields::kClassTarget;
 
 constexpr uint16_t kAddRet = kInAdd | kInRet;
 

@@ -181,22 +181,19 @@ Currency Deposit::DepositTotal() const {
 }
 
 Variant Deposit::FromDom(const XmlNode& obj) {
-  lines_->SetStored(false);
-  lines_->Reset();
+  lines_->BeforeRead();
   return TxnObject::FromDom(obj);
 }
 
 void Deposit::AfterFromDom() {
   totalRead_ = true;
-  lines_->SetState(qoObjectStateClean);
-  lines_->SetStored(true);
+  lines_->AfterRead();
 }
 
 void Deposit::ResetToNew() {
   TxnObject::ResetToNew();
   totalRead_ = false;
-  lines_->SetStored(false);
-  lines_->SetState(qoObjectStateNew);
+  lines_->BackToNew();
 }
 
 bool Deposit::Validate() {
@@ -206,15 +203,8 @@ bool Deposit::Validate() {
   if (Utf16Length(memo_) > kMaxMemo) errors->Add(err::kMemoTooLong, "Memo", err::kMemoTooLongText);
   if (DepositToAccount().empty() || !LookupRecord(qoListAccounts, DepositToAccount()))
     errors->Add(err::kBadAccount, "DepositToAccount", err::kBadAccountText);
-  long lastUsed = 0, counter = 0;
-  for (const auto& line : *lines_) {
-    ++counter;
-    if (!line->IsUsed()) continue;
-    lastUsed = counter;
-    if (!line->Validate()) errors->Add(err::kValidateFailed, std::to_string(counter), err::kValidateFailedText);
-  }
-  if (lastUsed == 0) errors->Add(err::kNeedLine, "DepositLines", err::kNeedLineText);
-  lines_->TrimTo(lastUsed);
+  if (lines_->CheckLines(*errors, [](const DepositLine&) {}) == 0)
+    errors->Add(err::kNeedLine, "DepositLines", err::kNeedLineText);
   return errors->Count() == 0;
 }
 

@@ -69,8 +69,7 @@ Currency JournalEntry::RemainingAmount() const {
 // ---- Reading and writing -------------------------------------------------------------------
 
 Variant JournalEntry::FromDom(const XmlNode& obj) {
-  lines_->SetStored(false);
-  lines_->Reset();
+  lines_->BeforeRead();
   return TxnObject::FromDom(obj);
 }
 
@@ -92,14 +91,12 @@ void JournalEntry::WriteLines(xmlBldr& b, WriteMode mode) {
 }
 
 void JournalEntry::AfterFromDom() {
-  lines_->SetState(qoObjectStateClean);
-  lines_->SetStored(true);
+  lines_->AfterRead();
 }
 
 void JournalEntry::ResetToNew() {
   TxnObject::ResetToNew();
-  lines_->SetStored(false);
-  lines_->SetState(qoObjectStateNew);
+  lines_->BackToNew();
 }
 
 // ---- Checks --------------------------------------------------------------------------------
@@ -112,23 +109,13 @@ bool JournalEntry::Validate() {
   if (Utf16Length(refNumber_) > kMaxRefNumber)
     errors->Add(err::kEntryNumberTooLong, "RefNumber", err::kEntryNumberTooLongText);
 
+  // Debits are taken off and credits added: anything left means they differ.
   Currency balance;
-  long lastUsed = 0;
-  long counter = 0;
-  for (const auto& line : *lines_) {
-    ++counter;
-    balance = line->IsDebit() ? balance - line->Amount() : balance + line->Amount();
-    if (!line->IsUsed()) continue;
-    lastUsed = counter;
-    if (!line->Validate()) errors->Add(err::kValidateFailed, std::to_string(counter), err::kValidateFailedText);
-  }
+  const long lastUsed = lines_->CheckLines(*errors, [&](const JournalEntryLine& line) {
+    balance = line.IsDebit() ? balance - line.Amount() : balance + line.Amount();
+  });
   if (balance != Currency()) errors->Add(err::kJournalUnbalanced, "TotalBalance", err::kJournalUnbalancedText);
-  if (lastUsed == 0) {
-    errors->Add(err::kNeedLine, "JournalEntryLines", err::kNeedLineText);
-  } else {
-    // Empty lines at the end never reach QuickBooks.
-    lines_->TrimTo(lastUsed);
-  }
+  if (lastUsed == 0) errors->Add(err::kNeedLine, "JournalEntryLines", err::kNeedLineText);
   return errors->Count() == 0;
 }
 

@@ -101,6 +101,38 @@ class TxnPlainLines {
   void TrimTo(long count) {
     while (col_.Count() > count) col_.Remove(col_.Count());
   }
+  // The document's answer is about to be read: its lines go.
+  void BeforeRead() {
+    SetStored(false);
+    Reset();
+  }
+  // The answer is read: the lines are QuickBooks' now and refuse every change.
+  void AfterRead() {
+    SetState(qoObjectStateClean);
+    SetStored(true);
+  }
+  // A saved form loaded: lines to send again.
+  void BackToNew() {
+    SetStored(false);
+    SetState(qoObjectStateNew);
+  }
+  // The document's check of its lines: `each` sees every line in turn; a line with
+  // anything in it runs its Validate, and a failure adds 0x800403F3 with the line's number
+  // as field. With a used line, the empty lines behind the last one are removed. Returns
+  // the position of the last used line, 0 when none is.
+  template <class Each>
+  long CheckLines(qcErrors& errors, Each each) {
+    long lastUsed = 0, counter = 0;
+    for (const auto& line : col_) {
+      ++counter;
+      each(*line);
+      if (!line->IsUsed()) continue;
+      lastUsed = counter;
+      if (!line->Validate()) errors.Add(err::kValidateFailed, std::to_string(counter), err::kValidateFailedText);
+    }
+    if (lastUsed > 0) TrimTo(lastUsed);
+    return lastUsed;
+  }
   // A new line at the end, bound to the document; `add` tells whether a caller adds it.
   std::shared_ptr<Line> Append(bool add = false) {
     if (add) Guard();

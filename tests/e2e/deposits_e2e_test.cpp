@@ -28,11 +28,7 @@ class DepositsEndToEnd : public testing::EditionTest {
     testing::ExpectLedgerBalanced(Path());
     EditionTest::TearDown();
   }
-  static Currency AccountBalance(const std::string& name) {
-    Accounts fresh;
-    auto a = fresh.GetByFullName(name);
-    return a ? a->Balance() : Currency(-999999);
-  }
+  static Currency AccountBalance(const std::string& name) { return testing::AccountBalanceOf(name); }
   // A sale of `amount` whose money waits in Undeposited Funds; its TxnId.
   static std::string Waiting(Currency amount) {
     auto entries = TessaronGlobals::JournalEntries();

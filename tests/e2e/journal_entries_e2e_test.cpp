@@ -39,11 +39,7 @@ class JournalEntriesEndToEnd : public testing::EditionTest {
     EditionTest::TearDown();
   }
 
-  static Currency AccountBalance(const std::string& name) {
-    Accounts fresh;
-    auto a = fresh.GetByFullName(name);
-    return a ? a->Balance() : Currency(-999999);
-  }
+  static Currency AccountBalance(const std::string& name) { return testing::AccountBalanceOf(name); }
   static Currency CustomerBalance(const std::string& name) {
     Customers fresh;
     auto c = fresh.GetByFullName(name);
