@@ -22,4 +22,12 @@ inline constexpr Field kAddressFields[] = {
     V("City").Max(31), V("State").Max(21), V("PostalCode").Max(13), V("Country").Max(31), V("Note").Max(41)};
 constexpr Field Address(const char* tag) { return G(tag, kAddressFields).With(kReplaceOnMod); }
 
+// What the lines of journal entries and deposits point at.
+inline constexpr const char* kAccountKinds[] = {"Account"};
+inline constexpr const char* kEntityKinds[] = {"Customer", "Vendor", "Employee", "OtherName"};
+inline constexpr const char* kClassKinds[] = {"Class"};
+inline constexpr RefTarget kAccountTarget{"Account", kAccountKinds};
+inline constexpr RefTarget kEntityTarget{"Entity", kEntityKinds};
+inline constexpr RefTarget kClassTarget{"Class", kClassKinds};
+
 }  // namespace tessaron::qbsim::fields

@@ -630,7 +630,7 @@ const TxnKind kKinds[] = {
 std::span<const TxnKind> TxnKinds() {
   static const std::vector<TxnKind> kinds = [] {
     std::vector<TxnKind> all(std::begin(kKinds), std::end(kKinds));
-    all.push_back(ReceivePaymentKind());
+    for (const TxnKind* other : {&ReceivePaymentKind(), &JournalEntryKind(), &DepositKind()}) all.push_back(*other);
     return all;
   }();
   return kinds;

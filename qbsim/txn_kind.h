@@ -25,6 +25,7 @@ class CompanyFile;
 class ListStore;
 class RequestContext;
 class WriteScope;
+class XmlOut;
 
 // A line of a document as it is worked on: its stored fields (ItemRef, Desc, Quantity,
 // Rate, RatePercent, ClassRef, Amount, ServiceDate, SalesTaxCodeRef, Other1, Other2) and,
@@ -75,6 +76,19 @@ class ListCache {
   std::optional<FieldMap> preferences_;
 };
 
+// Lines that are not sales item lines: their table, and the element names of the (at most
+// two) kinds of line. Suffixed names take "Add", "Mod" and "Ret" (DepositLineAdd); plain
+// names are the same in the add and the answer (JournalDebitLine, JournalCreditLine). The
+// kind of a stored line is kept in its fields under `kindField`, as the value at the
+// position of its name in `kindValues`.
+struct TxnLineForm {
+  std::span<const Field> fields;  // in the order of the line element
+  const char* tags[2] = {nullptr, nullptr};
+  bool suffixed = true;
+  const char* kindField = nullptr;
+  const char* kindValues[2] = {nullptr, nullptr};
+};
+
 struct TxnKind {
   const char* name;       // "Invoice": InvoiceAddRq, InvoiceModRq, InvoiceQueryRq, TxnDelType
   const char* retTag;     // "InvoiceRet"
@@ -102,12 +116,19 @@ struct TxnKind {
   // Whether the lines are answered even when the query leaves line items out (a payment's
   // applied amounts are part of the payment).
   bool linesAlwaysAnswered = false;
+  // Null for sales item lines (lineTag, groupTag); else the kind's own lines.
+  const TxnLineForm* lineForm = nullptr;
 };
 
 // Payments received from customers and applied to their invoices.
 const TxnKind& ReceivePaymentKind();
 
 std::span<const TxnKind> TxnKinds();
+// Kinds defined in files of their own, gathered by TxnKinds().
+const TxnKind& JournalEntryKind();
+const TxnKind& DepositKind();
+// ReceivePaymentToDepositQueryRq: the payments (and other money) waiting in Undeposited Funds.
+Status UndepositedFundsQuery(RequestContext& ctx, const pugi::xml_node& request, XmlOut& out);
 
 // Stores a worked-out document with its lines and its postings, in the scope's transaction;
 // a document without its account gets the kind's default one.

@@ -25,7 +25,21 @@ ListKind ReaderKind(const char* name, std::span<const Field> fields) {
   return k;
 }
 
+// The position of `tag` among the line names of a kind with its own lines in a message of
+// that form (suffix "Add", "Mod" or "Ret"); -1 when it names no line.
+int FormLineIndex(const TxnLineForm& form, std::string_view tag, std::string_view suffix) {
+  for (int i = 0; i < 2; ++i) {
+    if (!form.tags[i]) continue;
+    std::string name = form.tags[i];
+    if (form.suffixed) name += suffix;
+    if (tag == name) return i;
+  }
+  return -1;
+}
+
 bool IsLineTag(const TxnKind& kind, std::string_view tag) {
+  if (kind.lineForm)
+    return FormLineIndex(*kind.lineForm, tag, "Add") >= 0 || FormLineIndex(*kind.lineForm, tag, "Mod") >= 0;
   std::string line = kind.lineTag, group = kind.groupTag;
   return tag == line + "Add" || tag == line + "Mod" || tag == group + "Add" || tag == group + "Mod";
 }
@@ -41,6 +55,19 @@ Status ReadHeader(RequestContext& ctx, const TxnKind& kind, const pugi::xml_node
   }
   ListKind k = ReaderKind(kind.name, kind.header);
   return RecordReader(ctx, k, form).Read(root, header);
+}
+
+// A line of a kind with its own lines, `index` telling which of its names it came under.
+Status ReadFormLine(RequestContext& ctx, const TxnLineForm& lineForm, const pugi::xml_node& node, int index,
+                    uint16_t form, TxnLine& line) {
+  ListKind k = ReaderKind("Line", lineForm.fields);
+  pugi::xml_document copy;
+  pugi::xml_node root = copy.append_child(node.name());
+  for (pugi::xml_node c = node.first_child(); c; c = c.next_sibling())
+    if (std::string_view(c.name()) != "TxnLineID") root.append_copy(c);
+  if (Status s = RecordReader(ctx, k, form).Read(root, line.fields); !s.Ok()) return s;
+  if (lineForm.kindField) line.fields.Set(lineForm.kindField, lineForm.kindValues[index]);
+  return status::Ok();
 }
 
 Status ReadLine(RequestContext& ctx, const TxnKind& kind, const pugi::xml_node& node, bool group, uint16_t form,
@@ -66,6 +93,19 @@ Status ReadLines(RequestContext& ctx, const TxnKind& kind, const pugi::xml_node&
   lines.clear();
   bool any = false;
   const std::string suffix = form == kInAdd ? "Add" : "Mod";
+  if (kind.lineForm) {
+    // New lines only: a modify that names none keeps the stored ones.
+    for (pugi::xml_node c = node.first_child(); c; c = c.next_sibling()) {
+      int index = FormLineIndex(*kind.lineForm, c.name(), suffix);
+      if (index < 0) continue;
+      any = true;
+      TxnLine line;
+      if (Status s = ReadFormLine(ctx, *kind.lineForm, c, index, form, line); !s.Ok()) return s;
+      lines.push_back(std::move(line));
+    }
+    if (!any && form == kInMod) lines = std::move(stored);
+    return status::Ok();
+  }
   for (pugi::xml_node c = node.first_child(); c; c = c.next_sibling()) {
     std::string_view tag = c.name();
     bool group = tag == std::string(kind.groupTag) + suffix;
@@ -181,7 +221,14 @@ void WriteRet(RequestContext& ctx, const TxnKind& kind, const TxnDocument& doc, 
       ret.Close("LinkedTxn");
     }
   }
-  if (o.lines || kind.linesAlwaysAnswered) {
+  if (o.lines && kind.lineForm) {
+    const TxnLineForm& form = *kind.lineForm;
+    for (const TxnLine& l : doc.lines) {
+      int index = form.kindField && l.fields.Get(form.kindField) == form.kindValues[1] ? 1 : 0;
+      std::string tag = std::string(form.tags[index]) + (form.suffixed ? "Ret" : "");
+      WriteLineRet(writer, ret, tag.c_str(), tag.c_str(), form.fields, form.fields, l);
+    }
+  } else if (o.lines || kind.linesAlwaysAnswered) {
     std::string line = std::string(kind.lineTag) + "Ret", group = std::string(kind.groupTag) + "Ret";
     TxnDocument shown;
     const TxnDocument* lines = &doc;
@@ -218,7 +265,7 @@ void WriteRet(RequestContext& ctx, const TxnKind& kind, const TxnDocument& doc, 
 
 void StoreTxn(RequestContext& ctx, ListCache& lists, const TxnKind& kind, TxnDocument& doc, WriteScope& scope,
               LedgerStore& ledger, bool isNew) {
-  if (kind.defaultAccount && !doc.header.Has(kind.accountTag))
+  if (*kind.accountTag && kind.defaultAccount && !doc.header.Has(kind.accountTag))
     doc.header.Set(kind.accountTag, lists.Special(&scope, kind.defaultAccount));
   doc.record.kind = kind.name;
   doc.record.txnDate = doc.header.Get("TxnDate");
@@ -589,6 +636,7 @@ void RegisterTxnRequests(RequestTable& table) {
   table.Add("TxnDelRq", {Delete, nullptr, 10});
   table.Add("TxnVoidRq", {Void, nullptr, 11});
   table.Add("TxnDeletedQueryRq", {DeletedQuery, nullptr, 20});
+  table.Add("ReceivePaymentToDepositQueryRq", {UndepositedFundsQuery, nullptr, 10});
 }
 
 }  // namespace tessaron::qbsim

@@ -20,6 +20,9 @@
 #include "tessaron/transactions/sales_orders.h"
 #include "tessaron/transactions/sales_receipts.h"
 #include "tessaron/transactions/receive_payments.h"
+#include "tessaron/transactions/deposits.h"
+#include "tessaron/transactions/journal_entries.h"
+#include "tessaron/transactions/undeposited_funds.h"
 
 namespace tessaron {
 
@@ -91,6 +94,8 @@ Company::Company()
   creditCardCredits_ = MasterTxns<tessaron::CreditCardCredits>();
   itemReceipts_ = MasterTxns<tessaron::ItemReceipts>();
   receivePayments_ = MasterTxns<tessaron::ReceivePayments>();
+  journalEntries_ = MasterTxns<tessaron::JournalEntries>();
+  deposits_ = MasterTxns<tessaron::Deposits>();
   // The entity list makes records of their own classes of its ...Ret elements.
   tessaron::Entities::RegisterEntityKind("CustomerRet", [] { return std::make_shared<Customer>(); });
   tessaron::Entities::RegisterEntityKind("VendorRet", [] { return std::make_shared<Vendor>(); });
@@ -251,15 +256,19 @@ int32_t Company::SetClearedStatus(int32_t ClearedStatus, const std::string& TxnI
   return b.ErrNumber();
 }
 
+std::shared_ptr<tessaron::JournalEntries> Company::JournalEntries() { return journalEntries_; }
+std::shared_ptr<tessaron::Deposits> Company::Deposits() { return deposits_; }
+// A read-only view: a fresh one on each call, nothing to commit.
+std::shared_ptr<tessaron::UndepositedFunds> Company::UndepositedFunds() {
+  return std::make_shared<tessaron::UndepositedFunds>();
+}
+
 // ---- Collections still to come -------------------------------------------------------------
 
 #define TESSARON_NOT_YET(Name) \
   std::shared_ptr<tessaron::Name> Company::Name() { NotAvailable(#Name); }
-TESSARON_NOT_YET(JournalEntries)
 TESSARON_NOT_YET(TimeTrackings)
 TESSARON_NOT_YET(BillPayments)
-TESSARON_NOT_YET(UndepositedFunds)
-TESSARON_NOT_YET(Deposits)
 TESSARON_NOT_YET(StatementCharges)
 TESSARON_NOT_YET(InventoryAdjustments)
 TESSARON_NOT_YET(SalesTaxPaymentChecks)

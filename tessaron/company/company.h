@@ -161,15 +161,15 @@ class Company {
   std::shared_ptr<tessaron::CreditCardCredits> CreditCardCredits() const { return creditCardCredits_; }
   std::shared_ptr<tessaron::ItemReceipts> ItemReceipts() const { return itemReceipts_; }
   std::shared_ptr<tessaron::ReceivePayments> ReceivePayments() const { return receivePayments_; }
+  std::shared_ptr<tessaron::JournalEntries> JournalEntries();
+  std::shared_ptr<tessaron::Deposits> Deposits();
   // Not a master: QuickBooks only reads templates out. Made on first use.
   std::shared_ptr<tessaron::Templates> Templates();
 
   // Collections whose classes come later: each raises "not available" for now.
-  std::shared_ptr<tessaron::JournalEntries> JournalEntries();
   std::shared_ptr<tessaron::TimeTrackings> TimeTrackings();
   std::shared_ptr<tessaron::BillPayments> BillPayments();
   std::shared_ptr<tessaron::UndepositedFunds> UndepositedFunds();
-  std::shared_ptr<tessaron::Deposits> Deposits();
   std::shared_ptr<tessaron::StatementCharges> StatementCharges();
   std::shared_ptr<tessaron::InventoryAdjustments> InventoryAdjustments();
   std::shared_ptr<tessaron::SalesTaxPaymentChecks> SalesTaxPaymentChecks();
@@ -255,6 +255,8 @@ class Company {
   std::shared_ptr<tessaron::CreditCardCredits> creditCardCredits_;
   std::shared_ptr<tessaron::ItemReceipts> itemReceipts_;
   std::shared_ptr<tessaron::ReceivePayments> receivePayments_;
+  std::shared_ptr<tessaron::JournalEntries> journalEntries_;
+  std::shared_ptr<tessaron::Deposits> deposits_;
   std::shared_ptr<DataExtensionDefinitions> customFields_;
   std::shared_ptr<DataExtensionDefinitions> applicationFields_;
   std::shared_ptr<DataExtensions> companyApplicationFields_;

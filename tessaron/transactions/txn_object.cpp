@@ -131,7 +131,7 @@ Variant TxnObject::FromDom(const XmlNode& obj) {
     } else if (ReadPart(tag, child)) {
       linesNotLoaded_ = false;
     } else {
-      NoteUnknownElement(tag, info_.className);
+      NoteUnknownElement(tag, info_.unknownElementClass ? info_.unknownElementClass : info_.className);
     }
   }
   // An answer without lines leaves a collection that is Clean, not New.

@@ -59,6 +59,8 @@ enum class TxnModifyGate : uint8_t {
 struct TxnClassInfo {
   // Source of raised errors, and what unknown tags are reported under.
   const char* className = "";
+  // Where unknown tags are reported under when that is not the class name.
+  const char* unknownElementClass = nullptr;
   qoEnumListObjectType objectType = static_cast<qoEnumListObjectType>(0);
   TxnModifyGate gate = TxnModifyGate::AboveVersion20;
   // Set for classes QuickBooks has no modify for: XMLModify raises this text.

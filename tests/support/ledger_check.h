@@ -10,6 +10,8 @@
 #include "qbsim/company_file.h"
 #include "qbsim/ledger.h"
 #include "qbsim/sql.h"
+#include "tessaron/lists/account.h"
+#include "tessaron/platform/currency.h"
 
 namespace tessaron::testing {
 
@@ -40,5 +42,13 @@ inline ::testing::AssertionResult LedgerIsSound(const std::string& path) {
 
 // For the end of a test: the company file's ledger is sound (see LedgerIsSound).
 inline void ExpectLedgerBalanced(const std::string& path) { EXPECT_TRUE(LedgerIsSound(path)); }
+
+// An account's balance as the open company reports it now (a fresh query); far below
+// zero when no account has the name.
+inline Currency AccountBalanceOf(const std::string& name) {
+  Accounts fresh;
+  auto account = fresh.GetByFullName(name);
+  return account ? account->Balance() : Currency(-999999);
+}
 
 }  // namespace tessaron::testing
