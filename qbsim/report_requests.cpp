@@ -156,6 +156,9 @@ Status ReportQuery(RequestContext& ctx, const pugi::xml_node& rq, XmlOut& out) {
   // The library writes "ReturnCols"; the schema names it "ReturnColumns".
   o.returnCols = rq.child("ReturnColumns") ? rq.child_value("ReturnColumns") : rq.child_value("ReturnCols");
   o.filters = ReadPostingFilters(rq);
+  // The Profit and Loss by class and by job are the standard one split by class or customer.
+  if (o.columnsBy.empty() && d->Code() == qbRptProfitAndLossByClass) o.columnsBy = "Class";
+  if (o.columnsBy.empty() && d->Code() == qbRptProfitAndLossByJob) o.columnsBy = "Customer";
   Answer a;
   const auto type = d->ReportType();
   if (type == ReportTypeGeneralSummary || type == ReportTypeGeneralDetail || type == ReportTypeCustomSummary ||
@@ -174,7 +177,8 @@ Status ReportQuery(RequestContext& ctx, const pugi::xml_node& rq, XmlOut& out) {
     OpenInvoices(ctx, o, a);
   } else if (d->Code() == qbRptCustomerBalanceSummary || d->Code() == qbRptVendorBalanceSummary) {
     BalanceSummary(ctx, o, d->Code() == qbRptVendorBalanceSummary, a);
-  } else if (d->Code() == qbRptProfitAndLossStandard) {
+  } else if (d->Code() == qbRptProfitAndLossStandard || d->Code() == qbRptProfitAndLossByClass ||
+             d->Code() == qbRptProfitAndLossByJob) {
     ProfitAndLoss(ctx, o, a);
   } else if (d->Code() == qbRptBalanceSheetStandard) {
     BalanceSheet(ctx, o, a);
