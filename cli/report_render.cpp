@@ -5,6 +5,7 @@
 #include <iomanip>
 #include <sstream>
 
+#include "cli/table_output.h"
 #include "tessaron/foundation/values.h"
 #include "tessaron/platform/currency.h"
 #include "tessaron/platform/text.h"
@@ -51,28 +52,6 @@ std::string Xml(const std::string& s) {
     }
   }
   return out;
-}
-
-std::string Json(const std::string& s) {
-  std::string out = "\"";
-  for (unsigned char c : s) {
-    if (c == '"' || c == '\\') {
-      out += '\\';
-      out += static_cast<char>(c);
-    } else if (c < 0x20) {
-      char buf[8];
-      std::snprintf(buf, sizeof buf, "\\u%04x", c);
-      out += buf;
-    } else {
-      out += static_cast<char>(c);
-    }
-  }
-  return out + "\"";
-}
-
-std::string Csv(const std::string& s) {
-  if (s.find_first_of(",\"\n\r") == std::string::npos) return s;
-  return "\"" + ReplaceAll(s, "\"", "\"\"") + "\"";
 }
 
 // A plain number for the machine formats: "1234.5" stays, "" is nothing.
@@ -204,20 +183,20 @@ void WriteTable(const ReportView& v, std::ostream& out) {
 
 void WriteCsv(const ReportView& v, std::ostream& out) {
   out << "kind,depth";
-  for (size_t c = 0; c < v.columns.size(); ++c) out << "," << Csv(c == 0 && v.columns[c].title.empty() ? "label" : v.columns[c].title);
+  for (size_t c = 0; c < v.columns.size(); ++c) out << "," << CsvCell(c == 0 && v.columns[c].title.empty() ? "label" : v.columns[c].title);
   out << "\n";
   for (const ReportView::Row& r : v.rows) {
     out << KindName(r.kind) << "," << r.depth;
-    for (size_t c = 0; c < r.cells.size(); ++c) out << "," << Csv(v.columns[c].money ? PlainAmount(r.cells[c]) : r.cells[c]);
+    for (size_t c = 0; c < r.cells.size(); ++c) out << "," << CsvCell(v.columns[c].money ? PlainAmount(r.cells[c]) : r.cells[c]);
     out << "\n";
   }
 }
 
 void WriteJson(const ReportView& v, std::ostream& out) {
-  out << "{\n  \"title\": " << Json(v.title) << ",\n  \"subtitle\": " << Json(v.subtitle)
-      << ",\n  \"basis\": " << Json(v.basis) << ",\n  \"columns\": [";
+  out << "{\n  \"title\": " << JsonString(v.title) << ",\n  \"subtitle\": " << JsonString(v.subtitle)
+      << ",\n  \"basis\": " << JsonString(v.basis) << ",\n  \"columns\": [";
   for (size_t c = 0; c < v.columns.size(); ++c)
-    out << (c ? ", " : "") << "{\"title\": " << Json(v.columns[c].title)
+    out << (c ? ", " : "") << "{\"title\": " << JsonString(v.columns[c].title)
         << ", \"money\": " << (v.columns[c].money ? "true" : "false") << "}";
   out << "],\n  \"rows\": [";
   for (size_t i = 0; i < v.rows.size(); ++i) {
@@ -228,7 +207,7 @@ void WriteJson(const ReportView& v, std::ostream& out) {
       Currency value;
       if (r.cells[c].empty()) out << "null";
       else if (v.columns[c].money && IsAmount(r.cells[c], value)) out << FormatCurrency(value, "0.00");
-      else out << Json(r.cells[c]);
+      else out << JsonString(r.cells[c]);
     }
     out << "]}";
   }
