@@ -137,7 +137,9 @@ std::vector<Bar> ChartBars(const ReportView& v) {
   for (const ReportView::Row& r : v.rows)
     if (r.kind == ReportView::Kind::Total) total = &r;
   if (!total) return bars;
-  for (size_t c = 1; c + 1 < v.columns.size(); ++c) {
+  // A Balance Sheet by period has no TOTAL column: its last period is its total.
+  const size_t periods = v.columns.size() - (v.columns.back().title == "TOTAL" ? 1 : 0);
+  for (size_t c = 1; c < periods; ++c) {
     Currency value;
     bars.push_back({v.columns[c].title, IsAmount(total->cells[c], value) ? value.ToDouble() : 0.0});
   }

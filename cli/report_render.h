@@ -27,8 +27,8 @@ struct ReportView {
   std::string title, subtitle, basis;
   std::vector<Column> columns;  // the first is the label column
   std::vector<Row> rows;
-  // The amount columns before the last one are periods (months, quarters, ...), the last
-  // one their total: the page then charts the totals by period.
+  // The amount columns are periods (months, quarters, ...), but for a last one titled
+  // "TOTAL": the page then charts the totals by period.
   bool periodColumns = false;
 };
 

@@ -23,9 +23,12 @@ class AmountColumns {
 
   // Columns before the TOTAL one; 0 for a total-only report.
   size_t Split() const { return titles_.size(); }
+  // The split columns are periods, in date order.
+  bool ByPeriod() const { return kind_ == Kind::Period; }
   // The column titles, TOTAL last.
   std::vector<std::string> Titles() const;
-  // Where a posting is summed among the split columns; -1 when it is in none.
+  // Where a posting is summed among the split columns; -1 when it is in none. By period, a
+  // posting dated before the first period is in the first one.
   int IndexOf(const ReportPosting& p) const;
   // Keeps the split columns marked in `kept` (one mark per split column), drops the others.
   void Keep(const std::vector<bool>& kept);

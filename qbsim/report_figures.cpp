@@ -142,11 +142,16 @@ Figures Section(Answer& a, const AccountReport& r, std::initializer_list<const c
 // Sums the postings into the columns asked for and drops the columns the request does not
 // want returned: "NonZero" keeps a column with a figure other than zero, "ActiveOnly" one
 // that a posting fell in; "All" and no value keep every period.
+// With `balances`, a period column holds the balance at the period's end instead of what
+// moved in it.
 AccountReport SumAccounts(RequestContext& ctx, const ReportOptions& o, AmountColumns& columns,
-                          const std::vector<ReportPosting>& postings) {
+                          const std::vector<ReportPosting>& postings, bool balances = false) {
   AccountReport r;
   r.chart = Chart(ctx);
   r.sums = SumByAccount(columns, postings);
+  if (balances && columns.ByPeriod())
+    for (auto& [id, f] : r.sums.byAccount)
+      for (size_t i = 1; i < columns.Split(); ++i) f[i] += f[i - 1];
   r.returnRows = o.returnRows;
   const size_t split = columns.Split();
   std::vector<bool> kept(split, true);
@@ -322,13 +327,23 @@ void ProfitAndLoss(RequestContext& ctx, const ReportOptions& o, Answer& a) {
 void BalanceSheet(RequestContext& ctx, const ReportOptions& o, Answer& a) {
   const std::string end = EndOf(o.period);
   const auto postings = SelectPostings(ctx, "", end, o.cash, o.filters);
-  AmountColumns columns(ctx, "TotalOnly", "", end, postings);
-  const AccountReport r = SumAccounts(ctx, o, columns, postings);
-  a.columns = {{"", "Label", "STRTYPE"}, {LongDate(end), "Amount", "AMTTYPE"}};
+  AmountColumns columns(ctx, o.columnsBy, o.period.from, end, postings);
+  AccountReport r = SumAccounts(ctx, o, columns, postings, true);
+  if (columns.Split() == 0) {
+    a.columns = {{"", "Label", "STRTYPE"}, {LongDate(end), "Amount", "AMTTYPE"}};
+  } else {
+    AmountColumnsOf(a, columns);
+    // Balances by period end: the last period's balance is the total, shown once.
+    if (columns.ByPeriod()) {
+      a.columns.pop_back();
+      for (auto& [id, f] : r.sums.byAccount) f.pop_back();
+      --r.width;
+    }
+  }
   Section(a, r, kAssetTypes, false, "ASSETS", "TOTAL ASSETS");
   Figures right = Section(a, r, kLiabilityTypes, true, "Liabilities", "Total Liabilities");
   AddTo(right, Section(a, r, {"Equity"}, true, "Equity", "Total Equity"));
-  Figures netIncome(1, 0);
+  Figures netIncome(r.width, 0);
   for (const ChartAccount& account : r.chart)
     if (OneOf(account.type, {"Income", "OtherIncome", "CostOfGoodsSold", "Expense", "OtherExpense"}))
       if (auto it = r.sums.byAccount.find(account.listId); it != r.sums.byAccount.end()) AddTo(netIncome, it->second, -1);

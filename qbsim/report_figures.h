@@ -62,7 +62,8 @@ void TrialBalance(RequestContext& ctx, const ReportOptions& o, Answer& a);
 // Income less cost of sales and expenses over the period.
 // Split into columns by period or by name as asked.
 void ProfitAndLoss(RequestContext& ctx, const ReportOptions& o, Answer& a);
-// Assets against liabilities and equity at the end of the period.
+// Assets against liabilities and equity at the end of the period; split by period, the
+// balances at each period's end (the last is the total); split by name, each name's share.
 void BalanceSheet(RequestContext& ctx, const ReportOptions& o, Answer& a);
 // What each customer (vendor with `payables`) owes, by thirty-day steps past due.
 void AgingSummary(RequestContext& ctx, const ReportOptions& o, bool payables, Answer& a);

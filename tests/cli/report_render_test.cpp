@@ -155,6 +155,16 @@ TEST(ReportPage, ChartsTheTotalsByPeriodWithBarsInProportion) {
   EXPECT_STREQ(bars[2].node().attribute("class").value(), "bar negative");
 }
 
+TEST(ReportPage, ChartsEveryPeriodOfABalanceSheetWhichHasNoTotalColumn) {
+  ReportView v = MonthlyProfit();
+  v.columns.pop_back();
+  for (auto& row : v.rows) row.cells.pop_back();
+  const auto bars = ChartBars(v);
+  ASSERT_EQ(bars.size(), 3u);
+  EXPECT_EQ(bars.back().label, "Mar 24");
+  EXPECT_DOUBLE_EQ(bars.back().value, -50);
+}
+
 TEST(ReportPage, HasNoChartWithoutPeriodColumns) {
   ReportView v = MonthlyProfit();
   v.periodColumns = false;

@@ -248,6 +248,23 @@ TEST_P(ColumnsSumTest, EveryRowsColumnsAddUpToItsTotal) {
 INSTANTIATE_TEST_SUITE_P(By, ColumnsSumTest, ::testing::Values(Split{"Month", 13}, Split{"Quarter", 5}, Split{"Year", 3},
                                                      Split{"Customer", 3}, Split{"Class", 2}));
 
+TEST_F(ReportOptionsTest, BalanceSheetByQuarterBalancesAtEachQuarterEnd) {
+  const std::string end = "<ToReportDate>2039-12-31</ToReportDate></ReportPeriod>";
+  for (const char* basis : {"Accrual", "Cash"}) {
+    const Sheet s = Ask("BalanceSheetStandard",
+                        "<ReportPeriod><FromReportDate>2020-01-01</FromReportDate>" + end +
+                            "<SummarizeColumnsBy>Quarter</SummarizeColumnsBy>",
+                        basis);
+    ASSERT_EQ(s.titles.size(), 80u) << "twenty years of quarters, no total column";
+    EXPECT_EQ(s.titles.front(), "Jan - Mar 20");
+    const auto assets = s.Of("TOTAL ASSETS"), right = s.Of("TOTAL LIABILITIES & EQUITY");
+    ASSERT_EQ(assets.size(), 80u);
+    EXPECT_EQ(assets, right) << basis;
+    EXPECT_GT(assets.back(), 0);
+    EXPECT_EQ(assets.back(), Ask("BalanceSheetStandard", Period("2039-01-01", "2039-12-31"), basis).Total("TOTAL ASSETS"));
+  }
+}
+
 TEST_F(ReportOptionsTest, ColumnsWithoutPostingsAreDroppedOnlyWhenAsked) {
   // The sample's invoices are of the last two years: 1990 has no postings.
   const std::string period = Period("1990-01-01", "1990-12-31") + "<SummarizeColumnsBy>Quarter</SummarizeColumnsBy>";
