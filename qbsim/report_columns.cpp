@@ -50,8 +50,9 @@ AmountColumns::AmountColumns(RequestContext& ctx, const std::string& by, const s
   if (by == "Week" || by == "Month" || by == "Quarter" || by == "Year") {
     // A period open at its start begins with the first posting in it.
     std::string first = from;
-    for (const ReportPosting& p : postings)
-      if (first.empty() || p.date < first) first = p.date;
+    if (first.empty())
+      for (const ReportPosting& p : postings)
+        if (first.empty() || p.date < first) first = p.date;
     if (first.empty() || first > to) return;
     kind_ = Kind::Period;
     const Date end = ParseDate(to);

@@ -263,6 +263,12 @@ TEST_F(ReportOptionsTest, BalanceSheetByQuarterBalancesAtEachQuarterEnd) {
     EXPECT_GT(assets.back(), 0);
     EXPECT_EQ(assets.back(), Ask("BalanceSheetStandard", Period("2039-01-01", "2039-12-31"), basis).Total("TOTAL ASSETS"));
   }
+  // A period after every posting starts from the balances brought forward.
+  const Sheet late =
+      Ask("BalanceSheetStandard", Period("2099-01-01", "2099-12-31") + "<SummarizeColumnsBy>Quarter</SummarizeColumnsBy>");
+  EXPECT_EQ(late.titles, (std::vector<std::string>{"Jan - Mar 99", "Apr - Jun 99", "Jul - Sep 99", "Oct - Dec 99"}));
+  EXPECT_GT(late.Of("TOTAL ASSETS").front(), 0);
+  EXPECT_EQ(late.Of("TOTAL ASSETS").front(), late.Of("TOTAL ASSETS").back());
 }
 
 TEST_F(ReportOptionsTest, ColumnsWithoutPostingsAreDroppedOnlyWhenAsked) {
