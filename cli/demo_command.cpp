@@ -1,5 +1,6 @@
 // tessaron demo [--company FILE]
 #include <filesystem>
+#include <fstream>
 #include <iostream>
 #include <vector>
 
@@ -10,6 +11,7 @@
 #include "cli/session.h"
 #include "cli/company_view.h"
 #include "cli/txn_view.h"
+#include "cli/report_render.h"
 #include "qbsim/qbsim.h"
 #include "tessaron/connection/library_state.h"
 #include "tessaron/company/company.h"
@@ -23,6 +25,7 @@
 #include "tessaron/lists/account.h"
 #include "tessaron/lists/customers.h"
 #include "tessaron/lists/items.h"
+#include "tessaron/reports/report.h"
 #include "tessaron/platform/text.h"
 #include "tessaron/transactions/invoices.h"
 #include "tessaron/transactions/receive_payments.h"
@@ -225,6 +228,26 @@ void SetCustomFieldAndShowEvent(const std::string& customer) {
   if (received.empty()) std::cout << "No data event arrived.\n";
 }
 
+// Two reports the company file works out from its postings: last quarter's Profit and Loss
+// on the terminal, and the Balance Sheet as a page written beside the company file.
+void ShowReports(const std::string& companyPath) {
+  Report profit;
+  profit.SetBaseReport(qbRptProfitAndLossStandard);
+  profit.SetDateMacro(qbRptDateMacroLastQuarter);
+  profit.Refresh();
+  std::cout << "\n";
+  WriteTable(ViewOf(profit, false), std::cout);
+
+  Report sheet;
+  sheet.SetBaseReport(qbRptBalanceSheetStandard);
+  sheet.SetDateMacro(qbRptDateMacroToday);
+  sheet.Refresh();
+  const std::filesystem::path page = std::filesystem::path(companyPath).parent_path() / "balance-sheet.html";
+  std::ofstream file(page, std::ios::binary | std::ios::trunc);
+  WriteHtml(ViewOf(sheet, false), file);
+  std::cout << "\nThe Balance Sheet as a page: " << page.string() << "\n";
+}
+
 }  // namespace
 
 void AddDemoCommand(CLI::App& app, const GlobalOptions& global) {
@@ -253,6 +276,7 @@ void AddDemoCommand(CLI::App& app, const GlobalOptions& global) {
     const std::string demoCustomer = AddAndReadBack(*customers);
     SetCustomFieldAndShowEvent(demoCustomer);
     ReceivePaymentFor(*AddInvoice(demoCustomer));
+    ShowReports(path);
     qb->CloseConnection();
     State().GlobalConnection.reset();
     std::cout << "Connection closed.\n";

@@ -17,6 +17,20 @@ namespace {
 // The pseudo column that names each record's class, for lists of several kinds.
 constexpr const char* kClassColumn = "Class";
 
+std::string JsonValue(const std::string& text, FieldKind kind) {
+  switch (kind) {
+    case FieldKind::Boolean: return text;
+    case FieldKind::Int16:
+    case FieldKind::Amount:
+    case FieldKind::Quantity:
+    case FieldKind::Percent: return text.empty() ? "null" : text;
+    default: return JsonString(text);
+  }
+}
+
+
+}  // namespace
+
 std::string JsonString(const std::string& s) {
   std::string out = "\"";
   for (unsigned char ch : s) {
@@ -39,23 +53,10 @@ std::string JsonString(const std::string& s) {
   return out + "\"";
 }
 
-std::string JsonValue(const std::string& text, FieldKind kind) {
-  switch (kind) {
-    case FieldKind::Boolean: return text;
-    case FieldKind::Int16:
-    case FieldKind::Amount:
-    case FieldKind::Quantity:
-    case FieldKind::Percent: return text.empty() ? "null" : text;
-    default: return JsonString(text);
-  }
-}
-
 std::string CsvCell(const std::string& s) {
   if (s.find_first_of(",\"\r\n") == std::string::npos) return s;
   return "\"" + ReplaceAll(s, "\"", "\"\"") + "\"";
 }
-
-}  // namespace
 
 Table Select(const Table& t, const std::vector<std::string>& names, bool skipUnknown) {
   Table out;

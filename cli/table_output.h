@@ -25,6 +25,10 @@ Table Select(const Table& t, const std::vector<std::string>& names, bool skipUnk
 // Money with two decimals, as people read it; the other formats keep the stored text.
 void FormatAmounts(Table& t);
 
+// A JSON string literal of the text, and a CSV cell quoted when it must be.
+std::string JsonString(const std::string& s);
+std::string CsvCell(const std::string& s);
+
 void PrintTable(const Table& t);
 void PrintJson(const Table& t);
 // CSV with a header row and CRLF line ends.

@@ -7,6 +7,7 @@
 
 #include "qbsim/field_map.h"
 #include "qbsim/ledger.h"
+#include "qbsim/report_columns.h"
 #include "qbsim/list_store.h"
 #include "qbsim/request_context.h"
 #include "qbsim/txn_kind.h"
@@ -60,31 +61,20 @@ std::string InClause(const std::vector<std::string>& ids) {
 }
 
 
-// The sum of each account's postings dated within the bounds (empty: open), with the
-// account's full name and type, in chart order.
-struct AccountSum {
-  std::string fullName, type;
-  int64_t sum = 0;
+// An account of the chart, in chart order.
+struct ChartAccount {
+  std::string listId, fullName, type;
 };
 
-std::vector<AccountSum> AccountSums(RequestContext& ctx, const std::string& from, const std::string& to) {
-  std::map<std::string, int64_t, std::less<>> sums;
-  SqlStatement st = ctx.file.Db().Prepare(
-      "SELECT account_id, sum(amount) FROM posting WHERE (?1 = '' OR txn_date >= ?1) AND (?2 = '' OR txn_date <= ?2) "
-      "GROUP BY account_id");
-  st.Bind(1, from);
-  st.Bind(2, to);
-  while (st.Step()) sums[std::string(st.Text(0))] = st.Int(1);
-  std::vector<AccountSum> out;
+std::vector<ChartAccount> Chart(RequestContext& ctx) {
+  std::vector<ChartAccount> out;
   ListSelection accounts;
   accounts.kinds = {"Account"};
   ctx.store.Select(accounts, [&](const RecordRow& r) {
-    auto it = sums.find(r.listId);
-    if (it == sums.end() || it->second == 0) return true;
     FieldView fields;
     fields.Parse(r.body);
     const std::string_view* type = fields.Find("AccountType");
-    out.push_back({std::string(r.fullName), type ? std::string(*type) : std::string(), it->second});
+    out.push_back({std::string(r.listId), std::string(r.fullName), type ? std::string(*type) : std::string()});
     return true;
   });
   return out;
@@ -101,25 +91,96 @@ constexpr std::initializer_list<const char*> kAssetTypes = {"Bank", "AccountsRec
 constexpr std::initializer_list<const char*> kLiabilityTypes = {"AccountsPayable", "CreditCard",
                                                                "OtherCurrentLiability", "LongTermLiability"};
 
+// The figures of an account report: one per amount column, the total last.
+using Figures = std::vector<int64_t>;
+
+void AddTo(Figures& into, const Figures& f, int sign = 1) {
+  for (size_t i = 0; i < into.size(); ++i) into[i] += sign * f[i];
+}
+
+std::vector<std::string> Cells(const std::string& label, const Figures& f) {
+  std::vector<std::string> cells{label};
+  for (int64_t v : f) cells.push_back(CentsText(v));
+  return cells;
+}
+
+// The account figures of a report with the rows it returns.
+struct AccountReport {
+  std::vector<ChartAccount> chart;
+  AccountFigures sums;
+  size_t width = 1;        // amount columns
+  std::string returnRows;  // "All", "NonZero"; otherwise the accounts that have postings
+};
+
 // A section of accounts: a heading, one row per account in its natural sign, a subtotal.
-// Returns the section's total.
-int64_t Section(Answer& a, const std::vector<AccountSum>& sums, std::initializer_list<const char*> types,
-                bool creditNatured, const std::string& heading, const std::string& totalLabel) {
-  int64_t total = 0;
+// Returns the section's figures.
+Figures Section(Answer& a, const AccountReport& r, std::initializer_list<const char*> types, bool creditNatured,
+                const std::string& heading, const std::string& totalLabel) {
+  Figures total(r.width, 0);
   bool any = false;
-  for (const AccountSum& s : sums) {
-    if (!OneOf(s.type, types)) continue;
+  const Figures none(r.width, 0);
+  for (const ChartAccount& account : r.chart) {
+    if (!OneOf(account.type, types)) continue;
+    auto it = r.sums.byAccount.find(account.listId);
+    const Figures& f = it == r.sums.byAccount.end() ? none : it->second;
+    const bool shown = r.returnRows == "All" ? true
+                       : r.returnRows == "NonZero"
+                           ? std::any_of(f.begin(), f.end(), [](int64_t v) { return v != 0; })
+                           : it != r.sums.byAccount.end();
+    if (!shown) continue;
     if (!any) a.rows.push_back({"TextRow", "", heading, {}});
     any = true;
-    const int64_t amount = creditNatured ? -s.sum : s.sum;
-    total += amount;
-    a.rows.push_back({"DataRow", "account", s.fullName, {s.fullName, CentsText(amount)}});
+    Figures amount(r.width, 0);
+    AddTo(amount, f, creditNatured ? -1 : 1);
+    AddTo(total, amount);
+    a.rows.push_back({"DataRow", "account", account.fullName, Cells(account.fullName, amount)});
   }
-  if (any) a.rows.push_back({"SubtotalRow", "", "", {totalLabel, CentsText(total)}});
+  if (any) a.rows.push_back({"SubtotalRow", "", "", Cells(totalLabel, total)});
   return total;
 }
 
+// Sums the postings into the columns asked for and drops the columns the request does not
+// want returned: "NonZero" keeps a column with a figure other than zero, "ActiveOnly" one
+// that a posting fell in; "All" and no value keep every period.
+// With `balances`, a period column holds the balance at the period's end instead of what
+// moved in it.
+AccountReport SumAccounts(RequestContext& ctx, const ReportOptions& o, AmountColumns& columns,
+                          const std::vector<ReportPosting>& postings, bool balances = false) {
+  AccountReport r;
+  r.chart = Chart(ctx);
+  r.sums = SumByAccount(columns, postings);
+  if (balances && columns.ByPeriod())
+    for (auto& [id, f] : r.sums.byAccount)
+      for (size_t i = 1; i < columns.Split(); ++i) f[i] += f[i - 1];
+  r.returnRows = o.returnRows;
+  const size_t split = columns.Split();
+  std::vector<bool> kept(split, true);
+  for (size_t i = 0; i < split; ++i) {
+    bool nonZero = false;
+    for (const auto& [id, f] : r.sums.byAccount) nonZero = nonZero || f[i] != 0;
+    if (o.returnCols == "NonZero") kept[i] = nonZero;
+    if (o.returnCols == "ActiveOnly") kept[i] = r.sums.active[i];
+  }
+  if (std::find(kept.begin(), kept.end(), false) != kept.end()) {
+    columns.Keep(kept);
+    for (auto& [id, f] : r.sums.byAccount) {
+      Figures k;
+      for (size_t i = 0; i <= split; ++i)
+        if (i == split || kept[i]) k.push_back(f[i]);
+      f = std::move(k);
+    }
+  }
+  r.width = columns.Split() + 1;
+  return r;
+}
 
+// The label column and the amount columns: a lone "TOTAL", or the split columns and then
+// the total.
+void AmountColumnsOf(Answer& a, const AmountColumns& columns) {
+  a.columns = {{"", "Label", "STRTYPE"}};
+  for (const std::string& title : columns.Titles()) a.columns.push_back({title, "Amount", "AMTTYPE"});
+  if (columns.Split()) a.columns.back().colType = "Total";
+}
 
 // A document still open at the end of the period: an invoice, a bill, an opening balance.
 struct OpenDocument {
@@ -133,8 +194,10 @@ constexpr const char* kBuckets[] = {"Current", "1 - 30", "31 - 60", "61 - 90", "
 
 // The open documents of the receivables (or payables), by name and date. What is open is
 // what the document posted to those accounts less what was applied to it, up to `end`.
-std::vector<OpenDocument> OpenDocuments(RequestContext& ctx, const std::string& end, bool payables) {
+std::vector<OpenDocument> OpenDocuments(RequestContext& ctx, const ReportOptions& o, bool payables) {
   std::vector<OpenDocument> docs;
+  const std::string end = EndOf(o.period);
+  const auto entities = PassingEntities(ctx, o.filters);
   const std::vector<std::string> accounts = AccountsOf(ctx, payables ? "AccountsPayable" : "AccountsReceivable");
   if (accounts.empty()) return docs;
   const Date asOf = ParseDate(end);
@@ -147,6 +210,7 @@ std::vector<OpenDocument> OpenDocuments(RequestContext& ctx, const std::string& 
   while (st.Step()) {
     OpenDocument d;
     const std::string docId(st.Text(0));
+    if (entities && !entities->count(std::string(st.Text(2)))) continue;
     d.open = payables ? -st.Int(1) : st.Int(1);
     d.entity = ctx.store.FullNameOf(st.Text(2));
     if (d.entity.empty()) d.entity = "No Name";
@@ -217,25 +281,20 @@ void OpenDocumentGroups(Answer& a, const std::vector<OpenDocument>& docs, size_t
 
 // Trial Balance: every account with a balance at the end of the period, on its debit or
 // credit side, and the two totals, which are equal in a sound ledger.
-void TrialBalance(RequestContext& ctx, const Period& p, Answer& a) {
-  const std::string end = EndOf(p);
+void TrialBalance(RequestContext& ctx, const ReportOptions& o, Answer& a) {
+  const std::string end = EndOf(o.period);
   a.titleRows = 2;
   a.columns = {{"", "Label", "STRTYPE"}, {LongDate(end) + " Debit", "Debit", "AMTTYPE"},
                {"Credit", "Credit", "AMTTYPE"}};
   std::map<std::string, int64_t, std::less<>> sums;
-  SqlStatement st = ctx.file.Db().Prepare(
-      "SELECT account_id, sum(amount) FROM posting WHERE txn_date <= ? GROUP BY account_id");
-  st.Bind(1, end);
-  while (st.Step()) sums[std::string(st.Text(0))] = st.Int(1);
+  for (const ReportPosting& p : SelectPostings(ctx, "", end, o.cash, o.filters)) sums[p.accountId] += p.amount;
   int64_t debits = 0, credits = 0;
-  ListSelection accounts;
-  accounts.kinds = {"Account"};
-  ctx.store.Select(accounts, [&](const RecordRow& r) {
-    auto it = sums.find(r.listId);
-    if (it == sums.end() || it->second == 0) return true;
-    const int64_t sum = it->second;
-    Row row{"DataRow", "account", std::string(r.fullName), {std::string(r.fullName), "", ""}};
-    if (sum > 0) {
+  for (const ChartAccount& account : Chart(ctx)) {
+    auto it = sums.find(account.listId);
+    const int64_t sum = it == sums.end() ? 0 : RoundToCents(it->second);
+    if (sum == 0 && o.returnRows != "All") continue;
+    Row row{"DataRow", "account", account.fullName, {account.fullName, "", ""}};
+    if (sum >= 0) {
       row.cells[1] = CentsText(sum);
       debits += sum;
     } else {
@@ -243,45 +302,59 @@ void TrialBalance(RequestContext& ctx, const Period& p, Answer& a) {
       credits -= sum;
     }
     a.rows.push_back(std::move(row));
-    return true;
-  });
+  }
   a.rows.push_back({"TotalRow", "", "", {"TOTAL", CentsText(debits), CentsText(credits)}});
 }
 
-// Profit and Loss: income less cost of sales and expenses over the period.
-void ProfitAndLoss(RequestContext& ctx, const Period& p, Answer& a) {
-  a.columns = {{"", "Label", "STRTYPE"}, {"TOTAL", "Amount", "AMTTYPE"}};
-  const auto sums = AccountSums(ctx, p.from, p.to);
-  const int64_t income = Section(a, sums, {"Income"}, true, "Income", "Total Income");
-  const int64_t cogs = Section(a, sums, {"CostOfGoodsSold"}, false, "Cost of Goods Sold", "Total COGS");
-  a.rows.push_back({"SubtotalRow", "", "", {"Gross Profit", CentsText(income - cogs)}});
-  const int64_t expense = Section(a, sums, {"Expense"}, false, "Expense", "Total Expense");
-  const int64_t otherIncome = Section(a, sums, {"OtherIncome"}, true, "Other Income", "Total Other Income");
-  const int64_t otherExpense = Section(a, sums, {"OtherExpense"}, false, "Other Expense", "Total Other Expense");
-  a.rows.push_back(
-      {"TotalRow", "", "", {"Net Income", CentsText(income - cogs - expense + otherIncome - otherExpense)}});
+// Profit and Loss: income less cost of sales and expenses over the period, in columns by
+// period or by name when asked.
+void ProfitAndLoss(RequestContext& ctx, const ReportOptions& o, Answer& a) {
+  const auto postings = SelectPostings(ctx, o.period.from, EndOf(o.period), o.cash, o.filters);
+  AmountColumns columns(ctx, o.columnsBy, o.period.from, EndOf(o.period), postings);
+  const AccountReport r = SumAccounts(ctx, o, columns, postings);
+  AmountColumnsOf(a, columns);
+  Figures net = Section(a, r, {"Income"}, true, "Income", "Total Income");
+  AddTo(net, Section(a, r, {"CostOfGoodsSold"}, false, "Cost of Goods Sold", "Total COGS"), -1);
+  a.rows.push_back({"SubtotalRow", "", "", Cells("Gross Profit", net)});
+  AddTo(net, Section(a, r, {"Expense"}, false, "Expense", "Total Expense"), -1);
+  AddTo(net, Section(a, r, {"OtherIncome"}, true, "Other Income", "Total Other Income"));
+  AddTo(net, Section(a, r, {"OtherExpense"}, false, "Other Expense", "Total Other Expense"), -1);
+  a.rows.push_back({"TotalRow", "", "", Cells("Net Income", net)});
 }
 
 // Balance Sheet: assets against liabilities and equity at the end of the period; the
 // income and expenses of all time up to then stand in equity as net income.
-void BalanceSheet(RequestContext& ctx, const Period& p, Answer& a) {
-  const std::string end = EndOf(p);
-  a.columns = {{"", "Label", "STRTYPE"}, {LongDate(end), "Amount", "AMTTYPE"}};
-  const auto sums = AccountSums(ctx, "", end);
-  Section(a, sums, kAssetTypes, false, "ASSETS", "TOTAL ASSETS");
-  const int64_t liabilities = Section(a, sums, kLiabilityTypes, true, "Liabilities", "Total Liabilities");
-  const int64_t equity = Section(a, sums, {"Equity"}, true, "Equity", "Total Equity");
-  int64_t netIncome = 0;
-  for (const AccountSum& s : sums)
-    if (OneOf(s.type, {"Income", "OtherIncome", "CostOfGoodsSold", "Expense", "OtherExpense"})) netIncome -= s.sum;
-  a.rows.push_back({"DataRow", "label", "Net Income", {"Net Income", CentsText(netIncome)}});
-  a.rows.push_back(
-      {"TotalRow", "", "", {"TOTAL LIABILITIES & EQUITY", CentsText(liabilities + equity + netIncome)}});
+void BalanceSheet(RequestContext& ctx, const ReportOptions& o, Answer& a) {
+  const std::string end = EndOf(o.period);
+  const auto postings = SelectPostings(ctx, "", end, o.cash, o.filters);
+  AmountColumns columns(ctx, o.columnsBy, o.period.from, end, postings);
+  AccountReport r = SumAccounts(ctx, o, columns, postings, true);
+  if (columns.Split() == 0) {
+    a.columns = {{"", "Label", "STRTYPE"}, {LongDate(end), "Amount", "AMTTYPE"}};
+  } else {
+    AmountColumnsOf(a, columns);
+    // Balances by period end: the last period's balance is the total, shown once.
+    if (columns.ByPeriod()) {
+      a.columns.pop_back();
+      for (auto& [id, f] : r.sums.byAccount) f.pop_back();
+      --r.width;
+    }
+  }
+  Section(a, r, kAssetTypes, false, "ASSETS", "TOTAL ASSETS");
+  Figures right = Section(a, r, kLiabilityTypes, true, "Liabilities", "Total Liabilities");
+  AddTo(right, Section(a, r, {"Equity"}, true, "Equity", "Total Equity"));
+  Figures netIncome(r.width, 0);
+  for (const ChartAccount& account : r.chart)
+    if (OneOf(account.type, {"Income", "OtherIncome", "CostOfGoodsSold", "Expense", "OtherExpense"}))
+      if (auto it = r.sums.byAccount.find(account.listId); it != r.sums.byAccount.end()) AddTo(netIncome, it->second, -1);
+  AddTo(right, netIncome);
+  a.rows.push_back({"DataRow", "label", "Net Income", Cells("Net Income", netIncome)});
+  a.rows.push_back({"TotalRow", "", "", Cells("TOTAL LIABILITIES & EQUITY", right)});
 }
 
 // Aging summary: what each customer (or vendor) still owes at the end of the period, by
 // how many days past its due date each open document is.
-void AgingSummary(RequestContext& ctx, const Period& p, bool payables, Answer& a) {
+void AgingSummary(RequestContext& ctx, const ReportOptions& o, bool payables, Answer& a) {
   a.columns = {{"", "Label", "STRTYPE"}};
   for (const char* bucket : kBuckets) a.columns.push_back({bucket, "Amount", "AMTTYPE"});
   a.columns.push_back({"TOTAL", "Total", "AMTTYPE"});
@@ -297,7 +370,7 @@ void AgingSummary(RequestContext& ctx, const Period& p, bool payables, Answer& a
     }
     a.rows.push_back(std::move(row));
   };
-  for (const OpenDocument& d : OpenDocuments(ctx, EndOf(p), payables)) {
+  for (const OpenDocument& d : OpenDocuments(ctx, o, payables)) {
     if (d.entity != entity) {
       flush();
       entity = d.entity;
@@ -313,22 +386,22 @@ void AgingSummary(RequestContext& ctx, const Period& p, bool payables, Answer& a
 }
 
 // Customer (or vendor) balance summary: the aging summary's totals alone.
-void BalanceSummary(RequestContext& ctx, const Period& p, bool payables, Answer& a) {
-  AgingSummary(ctx, p, payables, a);
+void BalanceSummary(RequestContext& ctx, const ReportOptions& o, bool payables, Answer& a) {
+  AgingSummary(ctx, o, payables, a);
   a.columns = {a.columns.front(), {"TOTAL", "Amount", "AMTTYPE"}};
   for (Row& row : a.rows) row.cells = {row.cells.front(), row.cells.back()};
 }
 
 // Aging detail: the open documents under the step of lateness they are in.
-void AgingDetail(RequestContext& ctx, const Period& p, bool payables, Answer& a) {
-  OpenDocumentGroups(a, OpenDocuments(ctx, EndOf(p), payables), 5, [](const OpenDocument& d, size_t g) {
+void AgingDetail(RequestContext& ctx, const ReportOptions& o, bool payables, Answer& a) {
+  OpenDocumentGroups(a, OpenDocuments(ctx, o, payables), 5, [](const OpenDocument& d, size_t g) {
     return d.bucket == g ? std::string(kBuckets[g]) : std::string();
   });
 }
 
 // Open invoices: the open documents under the customer they belong to.
-void OpenInvoices(RequestContext& ctx, const Period& p, Answer& a) {
-  const auto docs = OpenDocuments(ctx, EndOf(p), false);
+void OpenInvoices(RequestContext& ctx, const ReportOptions& o, Answer& a) {
+  const auto docs = OpenDocuments(ctx, o, false);
   std::vector<std::string> customers;
   for (const OpenDocument& d : docs)
     if (customers.empty() || customers.back() != d.entity) customers.push_back(d.entity);

@@ -7,6 +7,8 @@
 #include <string_view>
 #include <vector>
 
+#include "qbsim/report_postings.h"
+
 namespace tessaron::qbsim {
 
 class RequestContext;
@@ -36,6 +38,15 @@ struct Period {
   std::string from, to;
 };
 
+// What a request asks of a report beyond its kind.
+struct ReportOptions {
+  Period period;
+  bool cash = false;
+  std::string columnsBy;               // SummarizeColumnsBy; empty: total only
+  std::string returnRows, returnCols;  // "ActiveOnly", "NonZero", "All"; empty: the report's usual
+  PostingFilters filters;
+};
+
 // The last day of the period; a period open at its end runs to today.
 std::string EndOf(const Period& p);
 // "December 31, 2024".
@@ -47,18 +58,20 @@ Column Col(std::string title, std::string colType);
 
 // Every account with a balance at the end of the period, on its debit or credit side, and
 // the two totals.
-void TrialBalance(RequestContext& ctx, const Period& p, Answer& a);
+void TrialBalance(RequestContext& ctx, const ReportOptions& o, Answer& a);
 // Income less cost of sales and expenses over the period.
-void ProfitAndLoss(RequestContext& ctx, const Period& p, Answer& a);
-// Assets against liabilities and equity at the end of the period.
-void BalanceSheet(RequestContext& ctx, const Period& p, Answer& a);
+// Split into columns by period or by name as asked.
+void ProfitAndLoss(RequestContext& ctx, const ReportOptions& o, Answer& a);
+// Assets against liabilities and equity at the end of the period; split by period, the
+// balances at each period's end (the last is the total); split by name, each name's share.
+void BalanceSheet(RequestContext& ctx, const ReportOptions& o, Answer& a);
 // What each customer (vendor with `payables`) owes, by thirty-day steps past due.
-void AgingSummary(RequestContext& ctx, const Period& p, bool payables, Answer& a);
+void AgingSummary(RequestContext& ctx, const ReportOptions& o, bool payables, Answer& a);
 // The aging summary's totals alone.
-void BalanceSummary(RequestContext& ctx, const Period& p, bool payables, Answer& a);
+void BalanceSummary(RequestContext& ctx, const ReportOptions& o, bool payables, Answer& a);
 // The open documents under the step of lateness they are in.
-void AgingDetail(RequestContext& ctx, const Period& p, bool payables, Answer& a);
+void AgingDetail(RequestContext& ctx, const ReportOptions& o, bool payables, Answer& a);
 // The open invoices under their customers.
-void OpenInvoices(RequestContext& ctx, const Period& p, Answer& a);
+void OpenInvoices(RequestContext& ctx, const ReportOptions& o, Answer& a);
 
 }  // namespace tessaron::qbsim

@@ -147,7 +147,18 @@ Status ReportQuery(RequestContext& ctx, const pugi::xml_node& rq, XmlOut& out) {
   // QuickBooks shows the report on its own screen and answers nothing more.
   if (std::string_view(rq.child_value("DisplayReport")) == "true") return {};
 
-  const Period period = PeriodOf(ctx, rq);
+  ReportOptions o;
+  o.period = PeriodOf(ctx, rq);
+  const Period& period = o.period;
+  o.cash = std::string_view(rq.child_value("ReportBasis")) == "Cash";
+  o.columnsBy = rq.child_value("SummarizeColumnsBy");
+  o.returnRows = rq.child_value("ReturnRows");
+  // The library writes "ReturnCols"; the schema names it "ReturnColumns".
+  o.returnCols = rq.child("ReturnColumns") ? rq.child_value("ReturnColumns") : rq.child_value("ReturnCols");
+  o.filters = ReadPostingFilters(rq);
+  // The Profit and Loss by class and by job are the standard one split by class or customer.
+  if (o.columnsBy.empty() && d->Code() == qbRptProfitAndLossByClass) o.columnsBy = "Class";
+  if (o.columnsBy.empty() && d->Code() == qbRptProfitAndLossByJob) o.columnsBy = "Customer";
   Answer a;
   const auto type = d->ReportType();
   if (type == ReportTypeGeneralSummary || type == ReportTypeGeneralDetail || type == ReportTypeCustomSummary ||
@@ -155,20 +166,22 @@ Status ReportQuery(RequestContext& ctx, const pugi::xml_node& rq, XmlOut& out) {
     const std::string basis = rq.child_value("ReportBasis");
     a.basis = basis.empty() || basis == "None" ? "Accrual" : basis;
   }
+  // The open-document reports and the name balances count what is owed: accrual always.
   if (d->Code() == qbRptTrialBalance) {
-    TrialBalance(ctx, period, a);
+    TrialBalance(ctx, o, a);
   } else if (d->Code() == qbRptARAgingSummary || d->Code() == qbRptAPAgingSummary) {
-    AgingSummary(ctx, period, d->Code() == qbRptAPAgingSummary, a);
+    AgingSummary(ctx, o, d->Code() == qbRptAPAgingSummary, a);
   } else if (d->Code() == qbRptARAgingDetail || d->Code() == qbRptAPAgingDetail) {
-    AgingDetail(ctx, period, d->Code() == qbRptAPAgingDetail, a);
+    AgingDetail(ctx, o, d->Code() == qbRptAPAgingDetail, a);
   } else if (d->Code() == qbRptOpenInvoices) {
-    OpenInvoices(ctx, period, a);
+    OpenInvoices(ctx, o, a);
   } else if (d->Code() == qbRptCustomerBalanceSummary || d->Code() == qbRptVendorBalanceSummary) {
-    BalanceSummary(ctx, period, d->Code() == qbRptVendorBalanceSummary, a);
-  } else if (d->Code() == qbRptProfitAndLossStandard) {
-    ProfitAndLoss(ctx, period, a);
+    BalanceSummary(ctx, o, d->Code() == qbRptVendorBalanceSummary, a);
+  } else if (d->Code() == qbRptProfitAndLossStandard || d->Code() == qbRptProfitAndLossByClass ||
+             d->Code() == qbRptProfitAndLossByJob) {
+    ProfitAndLoss(ctx, o, a);
   } else if (d->Code() == qbRptBalanceSheetStandard) {
-    BalanceSheet(ctx, period, a);
+    BalanceSheet(ctx, o, a);
   } else if (d->HasTxns() || type == ReportTypePayrollDetail || type == ReportTypeCustomDetail) {
     a.columns = DetailColumns(rq);
   } else if (type == ReportTypeTime) {

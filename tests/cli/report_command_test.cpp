@@ -7,6 +7,10 @@
 #include <string>
 #include <sys/wait.h>
 
+#include <fstream>
+
+#include <pugixml.hpp>
+
 #include "tests/support/qbxml_check.h"
 
 namespace {
@@ -65,6 +69,38 @@ TEST(ReportRunCommand, PrintsTheTrialBalanceWithEqualTotals) {
   EXPECT_NE(RunTessaron("report run \"No Such Report\" --company " + company, code).find("No report named"),
             std::string::npos);
   EXPECT_NE(code, 0);
+}
+
+TEST(ReportCommand, WritesAPageSplitByMonthAndPrintsItsPath) {
+  tessaron::testing::TempDir dir;
+  const std::string company = dir.File("books.qbw"), page = dir.File("profit.html");
+  int code = 0;
+  ASSERT_EQ((RunTessaron("company create " + company + " --size 20", code), code), 0);
+  const std::string out = RunTessaron("report \"Profit & Loss\" --company " + company +
+                                          " --from 2020-01-01 --to 2030-12-31 --columns month --basis cash"
+                                          " --format html --output " + page, code);
+  ASSERT_EQ(code, 0) << out;
+  EXPECT_EQ(out, page + "\n");
+  pugi::xml_document doc;
+  ASSERT_TRUE(doc.load_file(page.c_str(), pugi::parse_default | pugi::parse_doctype));
+  EXPECT_STREQ(doc.select_node("/html/body/p[@class='basis']").node().child_value(), "Cash basis");
+  EXPECT_GT(doc.select_nodes("//svg/rect").size(), 12u);  // eleven years of months
+}
+
+TEST(ReportCommand, TakesANamedPeriodButNotWithDates) {
+  tessaron::testing::TempDir dir;
+  const std::string company = dir.File("books.qbw");
+  int code = 0;
+  ASSERT_EQ((RunTessaron("company create " + company + " --size 20", code), code), 0);
+  std::string out = RunTessaron("report \"Balance Sheet\" --company " + company + " --period last-month --format csv", code);
+  ASSERT_EQ(code, 0) << out;
+  EXPECT_EQ(out.rfind("kind,depth,label,", 0), 0u) << out;
+  out = RunTessaron("report \"Balance Sheet\" --company " + company + " --period last-month --from 2024-01-01", code);
+  EXPECT_NE(code, 0);
+  EXPECT_NE(out.find("either --period or --from"), std::string::npos) << out;
+  out = RunTessaron("report \"Balance Sheet\" --company " + company + " --period fortnight", code);
+  EXPECT_NE(code, 0);
+  EXPECT_NE(out.find("last-quarter"), std::string::npos) << out;  // the known names are listed
 }
 
 }  // namespace
