@@ -9,6 +9,8 @@
 
 #include "tessaron/foundation/qc_error.h"
 #include "tessaron/lists/customer.h"
+#include "tessaron/lists/employee.h"
+#include "tessaron/lists/employee_records.h"
 #include "tessaron/transactions/invoice.h"
 #include "tessaron/transactions/txn_item_line.h"
 #include "tessaron/transactions/txn_item_lines.h"
@@ -185,6 +187,16 @@ TEST_F(LoadedStates, CustomerAddressesAreNewAfterALoad) {
   EXPECT_EQ(acme->ShipTo()->ObjectState(), qoObjectStateNew);
   // The job finds its parent again.
   EXPECT_EQ(acme->Jobs()->Count(), 1);
+}
+
+TEST_F(LoadedStates, EmployeeAddressAndPayrollRecordsAreNewAfterALoad) {
+  Reload(Case("EmployeesWithSubRecords"));
+  auto lena = qb.company().Employees()->Item(Variant(1));
+  EXPECT_EQ(lena->Address()->ObjectState(), qoObjectStateNew);
+  ASSERT_EQ(lena->EarningsTypes().size(), 1u);
+  EXPECT_EQ(lena->EarningsTypes()[0]->ObjectState(), qoObjectStateNew);
+  EXPECT_EQ(lena->SickHours()->ObjectState(), qoObjectStateNew);
+  EXPECT_EQ(lena->VacationHours()->ObjectState(), qoObjectStateNew);
 }
 
 TEST_F(LoadedStates, InvoiceLinesAndGroupMembersAreNewAndNeedNoQuery) {

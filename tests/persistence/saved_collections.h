@@ -76,10 +76,12 @@ inline std::string Common(const std::string& name, const std::string& more = "")
   return "<Name>" + name + "</Name><FullName>" + name + "</FullName><IsActive>true</IsActive>" + more;
 }
 
-// An invoice with an item line, a group of two members and a line of text alone. The group
+// An invoice with a linked payment, an item line, a group of two members and a line of text alone. The group
 // carries only what the saved form of a sales group keeps (see SavedForms tests).
 inline std::string InvoiceWithEveryLine(const std::string& txnId, const std::string& ref) {
   const std::string lines =
+      "<LinkedTxn><TxnID>P-9</TxnID><TxnType>ReceivePayment</TxnType><TxnDate>2024-05-20</TxnDate>"
+      "<RefNumber>552</RefNumber><LinkType>AMTTYPE</LinkType><Amount>-10.00</Amount></LinkedTxn>" +
       InvoiceSession::LineRet(txnId + "-L1", "Labor", "30.00") +
       "<InvoiceLineGroupRet><TxnLineID>" + txnId + "-G1</TxnLineID><ItemGroupRef><FullName>Kit</FullName>"
       "</ItemGroupRef><Quantity>2</Quantity>"
