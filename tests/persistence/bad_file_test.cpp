@@ -4,8 +4,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <fstream>
-#include <iterator>
 
 #include "tessaron/foundation/error_numbers.h"
 #include "tessaron/foundation/values.h"
@@ -17,19 +15,12 @@ namespace tessaron {
 namespace {
 
 using testing::Contains;
+using testing::FileText;
 using testing::Held;
 using testing::SavedCase;
 using testing::SavedSession;
 using testing::TempDir;
-
-std::string FileText(const std::string& path) {
-  std::ifstream in(path, std::ios::binary);
-  return std::string((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
-}
-
-void WriteFile(const std::string& path, const std::string& text) {
-  std::ofstream(path, std::ios::binary) << text;
-}
+using testing::WriteFile;
 
 // How a bad file is made from a good saved file of the collection (`good`) and of another
 // collection (`other`); an empty result means no file at all.

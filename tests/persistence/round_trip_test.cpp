@@ -4,8 +4,6 @@
 // what they are meant to drop.
 #include <gtest/gtest.h>
 
-#include <fstream>
-#include <iterator>
 
 #include "tessaron/foundation/qc_error.h"
 #include "tessaron/lists/customer.h"
@@ -22,15 +20,12 @@ namespace tessaron {
 namespace {
 
 using testing::Contains;
+using testing::FileText;
 using testing::Held;
 using testing::SavedCase;
 using testing::SavedSession;
 using testing::TempDir;
-
-std::string FileText(const std::string& path) {
-  std::ifstream in(path, std::ios::binary);
-  return std::string((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
-}
+using testing::WriteFile;
 
 size_t CountOf(const std::string& text, const std::string& what) {
   size_t n = 0;

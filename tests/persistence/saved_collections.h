@@ -3,7 +3,9 @@
 // back the collection seen through what those tests need.
 #pragma once
 
+#include <fstream>
 #include <functional>
+#include <iterator>
 #include <ostream>
 #include <memory>
 #include <string>
@@ -21,6 +23,15 @@
 #include "tests/transactions/invoice_session.h"
 
 namespace tessaron::testing {
+
+inline std::string FileText(const std::string& path) {
+  std::ifstream in(path, std::ios::binary);
+  return std::string((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
+}
+
+inline void WriteFile(const std::string& path, const std::string& text) {
+  std::ofstream(path, std::ios::binary) << text;
+}
 
 // A collection, list or transactions, through the members the tests use.
 struct Held {
