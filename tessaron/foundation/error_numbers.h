@@ -187,7 +187,9 @@ enum qoEnumErrors : int32_t {
   /* the transaction collections */                                                                   \
   X(TxnCollection, 0x80040403)                                                                        \
   /* a replayed session that leaves its transcript: the position and the first differing line */      \
-  X(ReplayMismatch, 0x80040B60)
+  X(ReplayMismatch, 0x80040B60)                                                                       \
+  /* a collection's LoadFromXml: the file name and why it is no saved collection of that kind */      \
+  X(NotASavedCollection, 0x80040B6A)
 
 namespace err {
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <string_view>
+#include <unordered_map>
 
 #include "tessaron/connection/library_state.h"
 #include "tessaron/dataext/data_ext_owner.h"
@@ -154,13 +155,70 @@ void ListCollectionBase::Parse(const XmlNode& queryRs) {
     obj->FromDom(record);
     AddParsed(obj, i + 1);
   }
-  // The parent links, once the whole list is there; a parent that was not returned gets none.
+  // The parent links, once the whole list is there.
+  LinkChildren();
+}
+
+void ListCollectionBase::LinkChildren() {
   for (const auto& obj : mCol_) {
     const std::string parent = obj->Parent();
     if (parent.empty() || !mCol_.Exists(parent)) continue;
     if (auto children = mCol_.Item(std::string_view(parent))->Children())
       children->Add(obj->FullName(), info_.listType, "");
   }
+}
+
+namespace {
+
+// The saved form names a stored parent by its ListID alone. A parent saved in the same file
+// gives its full name back, so a record comes back under its key, with its FullName and
+// its parent link; a parent not in the file leaves the reference as it was read.
+void RestoreParentNames(const std::vector<std::shared_ptr<ListObject>>& loaded) {
+  std::unordered_map<std::string, ListObject*> byId;
+  for (const auto& obj : loaded)
+    if (!obj->ListID().empty()) byId.emplace(obj->ListID(), obj.get());
+  std::function<void(ListObject&, size_t)> restore = [&](ListObject& obj, size_t depth) {
+    const auto& ref = obj.ParentRef();
+    if (!ref || !ref->FullName().empty() || ref->ListID().empty() || depth > byId.size()) return;
+    auto it = byId.find(ref->ListID());
+    if (it == byId.end() || it->second == &obj) return;
+    restore(*it->second, depth + 1);  // a parent's name needs its own parent's first
+    detail::ListObjectAccess::SetFullName(*ref, it->second->FullName());
+  };
+  for (const auto& obj : loaded) restore(*obj, 0);
+}
+
+}  // namespace
+
+void ListCollectionBase::LoadSavedRecords(const std::vector<XmlNode>& records, const std::string& FilePath) {
+  // Every record is made and read before the content is touched, so a record the
+  // collection cannot hold leaves it as it was.
+  std::vector<std::shared_ptr<ListObject>> loaded;
+  loaded.reserve(records.size());
+  for (const XmlNode& record : records) {
+    std::shared_ptr<ListObject> obj;
+    try {
+      obj = NewObject(record);
+    } catch (const Error&) {
+      // A kind of record the collection does not make: told below as a foreign record.
+    }
+    CheckSavedKind(record, obj.get(), FilePath);
+    obj->FromDom(record);
+    // Read from a file, not from QuickBooks: a commit sends it as an add.
+    detail::ListObjectAccess::ResetToNew(*obj);
+    loaded.push_back(std::move(obj));
+  }
+  RestoreParentNames(loaded);
+  Collection<std::shared_ptr<ListObject>> before = std::move(mCol_);
+  Clear();
+  try {
+    for (size_t i = 0; i < loaded.size(); ++i) AddParsed(loaded[i], static_cast<long>(i + 1));
+  } catch (...) {
+    // A duplicate key raises the collection's error, with the content as it was.
+    mCol_ = std::move(before);
+    throw;
+  }
+  LinkChildren();
 }
 
 int32_t ListCollectionBase::GetByNameRange(const std::string& FromName, const std::string& ToName,

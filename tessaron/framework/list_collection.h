@@ -16,6 +16,7 @@
 #include <vector>
 
 #include "tessaron/foundation/enum_types.h"
+#include "tessaron/framework/collection_xml.h"
 #include "tessaron/framework/list_object.h"
 #include "tessaron/framework/qc_list.h"
 #include "tessaron/platform/collection.h"
@@ -74,7 +75,8 @@ inline ListCollectionInfo CollectionOf(const char* className, qoEnumListType lis
   return info;
 }
 
-class ListCollectionBase : public qcList {
+// SaveToXml, LoadFromXml, XMLSaveStart and XMLSaveEnd come from CollectionXml.
+class ListCollectionBase : public qcList, public CollectionXml {
  public:
   ~ListCollectionBase() override;
 
@@ -170,6 +172,13 @@ class ListCollectionBase : public qcList {
                          int32_t MaxReturned, const std::string& sMDBPath);
   int32_t DateSpanQuery(const std::string& request, Date FromDate, Date ToDate, int32_t MaxReturned,
                         const std::string& sMDBPath);
+  // CollectionXml: records loaded from a file are New, keyed as a query keys them, and
+  // linked to their parents.
+  const char* SavedSource() const override { return info_.className; }
+  long SavedCount() const override { return Count(); }
+  qcBase& SavedAt(long position) override { return *mCol_.Item(position); }
+  void LoadSavedRecords(const std::vector<XmlNode>& records, const std::string& FilePath) override;
+
   // Written after the filter of every hand-built query (the balance filter of Vendors).
   virtual void WriteQueryTail(xmlBldr&) {}
   // Deletes by hand-built ListDelRq; `delType` is the ListDelType text. `source` names
@@ -188,6 +197,8 @@ class ListCollectionBase : public qcList {
   std::shared_ptr<ListObject> QueryOne(const std::string& request, const std::string& identifier,
                                        const std::string& value, const std::string& sMDBPath);
   void Parse(const XmlNode& queryRs);
+  // Tells each parent in the collection of its children; a parent not held gets none.
+  void LinkChildren();
   // The object's Validate, keeping what this pass gathered in Errors: a parent check may
   // look the parent up through this very collection, and a lookup clears Errors first.
   bool ValidateMember(ListObject& obj);

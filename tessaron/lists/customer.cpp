@@ -117,8 +117,11 @@ const ListClassInfo& Customer::Info() {
               const std::string t = n.text();
               if (!t.empty()) Self(o).isStatementWithParent_ = BooleanFromText(t) ? 1 : 0;
             },
-            [](ListObject& o, xmlBldr& b, WriteMode) {
-              if (Self(o).isStatementWithParent_ > 0) b.CreateElement("IsStatementWithParent", "1");
+            [](ListObject& o, xmlBldr& b, WriteMode mode) {
+              const int32_t v = Self(o).isStatementWithParent_;
+              if (v > 0) b.CreateElement("IsStatementWithParent", "1");
+              // The saved form keeps a known "no" as well; requests send only the "yes".
+              else if (v == 0 && mode == WriteMode::QueryRs) b.CreateElement("IsStatementWithParent", "0");
             },
             [](const ListObject& o) {
               const int32_t v = Self(o).isStatementWithParent_;

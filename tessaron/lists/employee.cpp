@@ -192,6 +192,13 @@ void Employee::AfterFromDom() {
   vacationHours_->SetObjectState(qoObjectStateClean);
 }
 
+void Employee::ResetToNew() {
+  AddressedEntity::ResetToNew();
+  for (const auto& earning : earnings_) earning->SetObjectState(qoObjectStateNew);
+  sickHours_->SetObjectState(qoObjectStateNew);
+  vacationHours_->SetObjectState(qoObjectStateNew);
+}
+
 bool Employee::ModifyWhileClean() {
   if (AddressedEntity::ModifyWhileClean()) return true;
   for (const auto& earning : earnings_)

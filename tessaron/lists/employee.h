@@ -83,6 +83,8 @@ class Employee final : public AddressedEntity {
 
  protected:
   void AfterFromDom() override;
+  // Back to New with the address and every payroll sub-record (an Add, a file load).
+  void ResetToNew() override;
   // Contact fields follow the version rule too.
   void GuardContactField() override { CheckFieldFromVersion(1); }
 

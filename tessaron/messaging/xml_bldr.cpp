@@ -112,9 +112,9 @@ const std::string& KeyOfCode(qoEnumerationType table, int32_t code) {
   return row->CollectionKey();
 }
 
-std::string ObjectTypeName(qoEnumListObjectType type) { return KeyOfCode(qoeObjectType, type); }
-
 }  // namespace
+
+std::string ObjectTypeName(qoEnumListObjectType type) { return KeyOfCode(qoeObjectType, type); }
 
 std::string EscapeValue(std::string_view value) {
   std::string out;

@@ -38,6 +38,10 @@ namespace tessaron {
 
 class qcBase;
 
+// The name objects of a type carry in requests and responses ("ItemService" for the
+// type "Item Service"): N of NAddRq, NModRq, NQueryRs and NRet.
+std::string ObjectTypeName(qoEnumListObjectType type);
+
 class xmlBldr {
  public:
   xmlBldr();

@@ -68,6 +68,20 @@ void TxnCollectionBase::AddParsed(const std::shared_ptr<TxnObject>& obj) {
   mCol_.Add(obj, obj->CollectionKey());
 }
 
+void TxnCollectionBase::LoadSavedRecords(const std::vector<XmlNode>& records, const std::string& FilePath) {
+  // Every record is read before the content is touched, so a bad one changes nothing.
+  Collection<std::shared_ptr<TxnObject>> loaded;
+  loaded.Reserve(records.size());
+  for (const XmlNode& record : records) {
+    std::shared_ptr<TxnObject> obj = NewObject();
+    CheckSavedKind(record, obj.get(), FilePath);
+    obj->FromDom(record);
+    obj->ResetToNew();
+    loaded.Add(obj);
+  }
+  mCol_ = std::move(loaded);
+}
+
 long TxnCollectionBase::PositionOf(const TxnObject& obj) const {
   for (long i = 1; i <= mCol_.Count(); ++i)
     if (mCol_.Item(i).get() == &obj) return i;

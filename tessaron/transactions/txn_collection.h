@@ -18,6 +18,7 @@
 
 #include "tessaron/foundation/enum_codes.h"
 #include "tessaron/foundation/enum_types.h"
+#include "tessaron/framework/collection_xml.h"
 #include "tessaron/platform/collection.h"
 #include "tessaron/platform/date.h"
 #include "tessaron/platform/variant.h"
@@ -52,7 +53,8 @@ struct TxnCollectionInfo {
   bool canVoid = true;
 };
 
-class TxnCollectionBase {
+// SaveToXml, LoadFromXml, XMLSaveStart and XMLSaveEnd come from CollectionXml.
+class TxnCollectionBase : public CollectionXml {
  public:
   virtual ~TxnCollectionBase();
 
@@ -131,6 +133,13 @@ class TxnCollectionBase {
   void SetMaster(bool value) { mMaster_ = value; }
 
   virtual std::shared_ptr<TxnObject> NewObject() = 0;
+
+  // CollectionXml: documents loaded from a file are New with all their lines, and held
+  // without a key, as documents made by Add are, until a commit gives them their TxnId.
+  const char* SavedSource() const override { return info_.className; }
+  long SavedCount() const override { return Count(); }
+  qcBase& SavedAt(long position) override { return *mCol_.Item(position); }
+  void LoadSavedRecords(const std::vector<XmlNode>& records, const std::string& FilePath) override;
 
   std::shared_ptr<TxnObject> ItemBase(const Variant& vKey) const;
   std::shared_ptr<TxnObject> FindByTxnID(const std::string& TxnId, bool IncludeLineItems, const std::string& sMDBPath);

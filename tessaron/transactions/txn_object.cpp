@@ -67,10 +67,24 @@ void TxnObject::MarkModified(bool checkAllowed) {
   if (state_ != qoObjectStateNew) state_ = qoObjectStateDirty;
 }
 
+namespace {
+
+// The lines, and the lines inside each group, down to the last.
+void ResetLinesToNew(txnItemLines& lines) {
+  detail::TxnAccess::SetObjectState(lines, qoObjectStateNew);
+  for (const auto& line : lines) {
+    detail::TxnAccess::SetObjectState(*line, qoObjectStateNew);
+    if (const auto& group = line->GroupLines()) ResetLinesToNew(*group);
+  }
+}
+
+}  // namespace
+
 void TxnObject::ResetToNew() {
   state_ = qoObjectStateNew;
-  detail::TxnAccess::SetObjectState(*itemLines_, qoObjectStateNew);
-  for (const auto& line : *itemLines_) detail::TxnAccess::SetObjectState(*line, qoObjectStateNew);
+  // A New document has all its lines in hand: nothing is to be asked of QuickBooks.
+  linesNotLoaded_ = false;
+  ResetLinesToNew(*itemLines_);
 }
 
 // ---- The lines' events -----------------------------------------------------------------------
