@@ -129,9 +129,11 @@ std::vector<TxnLineRecord> LineRecords(TxnDocument& doc, WriteScope& scope) {
   return out;
 }
 
-// A line, or a group line with its members (written with `memberTag`), in the order of its table.
+// A line, or a group line with its members (written with `memberTag`), in the order of its
+// table, then the line's data extensions of the owners the query asked for.
 void WriteLineRet(RecordWriter& writer, XmlOut& out, const char* tag, const char* memberTag,
-                  std::span<const Field> fields, const TxnLine& l) {
+                  std::span<const Field> fields, const TxnLine& l, CompanyFile& file, std::string_view txnId,
+                  std::span<const std::string> dataExtOwners) {
   FieldMap f = l.fields;
   f.Set("TxnLineID", l.lineId);
   std::string body = f.Encode();
@@ -140,7 +142,9 @@ void WriteLineRet(RecordWriter& writer, XmlOut& out, const char* tag, const char
   out.Open(tag);
   writer.WriteFields(out, fields, row);
   if (l.isGroup)
-    for (const TxnLine& m : l.members) WriteLineRet(writer, out, memberTag, memberTag, SalesLineFields(), m);
+    for (const TxnLine& m : l.members)
+      WriteLineRet(writer, out, memberTag, memberTag, SalesLineFields(), m, file, txnId, dataExtOwners);
+  WriteDataExtRets(file, out, txnId, dataExtOwners, l.lineId);
   out.Close(tag);
 }
 
@@ -169,7 +173,8 @@ void WriteRet(RequestContext& ctx, const TxnKind& kind, const TxnDocument& doc, 
     std::string line = std::string(kind.lineTag) + "Ret", group = std::string(kind.groupTag) + "Ret";
     for (const TxnLine& l : doc.lines)
       WriteLineRet(writer, ret, l.isGroup ? group.c_str() : line.c_str(), line.c_str(),
-                   l.isGroup ? SalesGroupLineFields() : SalesLineFields(), l);
+                   l.isGroup ? SalesGroupLineFields() : SalesLineFields(), l, ctx.file, doc.record.txnId,
+                   o.dataExtOwners);
   }
   WriteDataExtRets(ctx.file, ret, doc.record.txnId, o.dataExtOwners);
   ret.Close(kind.retTag);

@@ -125,7 +125,6 @@ const TxnClassInfo& Invoice::Info() {
         field::Amount("Tax1Total", &Invoice::gstTaxTotal_).NotInQuery(),
         field::Amount("Tax2Total", &Invoice::pstTaxTotal_).NotInQuery(),
         field::Quantity("ExchangeRate", &Invoice::exchangeRate_).NotInQuery(),
-        field::Dropped<TxnObject>("DataExtRet"),
     });
     return i;
   }();

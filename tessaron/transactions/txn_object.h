@@ -24,6 +24,7 @@
 #include <string>
 #include <vector>
 
+#include "tessaron/dataext/data_ext_owner.h"
 #include "tessaron/foundation/enum_types.h"
 #include "tessaron/framework/field_table.h"
 #include "tessaron/framework/qc_base.h"
@@ -73,7 +74,7 @@ struct TxnClassInfo {
   std::vector<TxnFieldDef> fields;
 };
 
-class TxnObject : public qcBase {
+class TxnObject : public qcBase, public DataExtOwner {
  public:
   // The class whose members the rows of a transaction's field table point at.
   using FieldOwner = TxnObject;
@@ -115,6 +116,13 @@ class TxnObject : public qcBase {
   // Runs the class's checks into Errors; true when there are none. A Clean object passes.
   virtual bool Validate();
 
+  // Data extensions: CustomFields and ApplicationFields come from DataExtOwner; each line
+  // has CustomFields of its own. The master collection's commit saves the application
+  // fields after the record; the custom fields are saved by CommitCustomFields, the
+  // document's first, then each line's under its TxnLineID.
+  bool SaveDataExtensions(const std::string& ListOrTxnId) override;
+  int32_t CommitCustomFields() override;
+
   // Class events. Warning(Code, Message): a line met something the user should know
   // (code 1: an item with an expense account and no sales side). NoQuantity(Item): a line
   // asks for more of an inventory item than is on hand.
@@ -155,6 +163,8 @@ class TxnObject : public qcBase {
   virtual void AfterFromDom() {}
   // Back to New with every line and part (saved forms loaded from a file).
   virtual void ResetToNew();
+
+  std::string DataExtRecordId() const override { return txnId_; }
 
   std::string txnId_;
   Date timeCreated_ = 0;
