@@ -11,6 +11,8 @@
 //                    glibc's mallinfo2().uordblks (bytes in use) before the collection was
 //                    made and after its read, with the document already released
 //   allocs_per_record allocations made during one read, per record (counting operator new)
+//   other_requests   requests the read sent besides its query (look-ups of records the
+//                    lines name, none of them on file here), over the session so far
 //
 // The heap is held steady for the whole run: glibc keeps what is freed (no trimming, no
 // mmap for large blocks), so neither measurement pays for page faults that the one before
