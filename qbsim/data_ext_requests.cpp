@@ -6,12 +6,15 @@
 //     of record, but a record holds at most 4096 bytes of private values;
 //   - owner and name together name a definition (names compare without regard to case; a
 //     GUID is kept in upper case), and a value needs a definition for its record's type;
-//   - a value is cleared only by DataExtDel: DataExtMod refuses an empty value.
+//   - a value is cleared only by DataExtDel: DataExtMod refuses an empty value;
+//   - a transaction takes the custom fields of its name in its header and of its items on
+//     its lines; private fields go on the transaction itself, never on a line.
 #include <cctype>
 #include <string>
 #include <vector>
 
 #include "qbsim/data_ext_store.h"
+#include "qbsim/ledger.h"
 #include "qbsim/record_kind.h"
 #include "qbsim/request_context.h"
 #include "qbsim/request_table.h"
@@ -235,6 +238,15 @@ Status ReadTarget(RequestContext& ctx, const pugi::xml_node& node, Target& t) {
     t.recordId = std::string(Trim(node.child_value("TxnID")));
     if (t.recordId.empty()) return status::MissingElement("TxnID");
     t.lineId = std::string(Trim(node.child_value("TxnLineID")));
+    // The document must be on file as that kind, and the line one of its lines.
+    LedgerStore ledger(ctx.file);
+    std::optional<TxnRecord> rec = ledger.ByTxnId(t.recordId);
+    if (!rec || !EqualsIgnoreCase(rec->kind, t.type)) return status::InvalidReference("TxnID", t.recordId);
+    if (!t.lineId.empty()) {
+      bool found = false;
+      for (const TxnLineRecord& line : ledger.Lines(t.recordId)) found = found || line.lineId == t.lineId;
+      if (!found) return status::InvalidReference("TxnLineID", t.lineId);
+    }
     return status::Ok();
   }
   if (pugi::xml_node other = node.child("OtherDataExtType")) {
@@ -279,6 +291,15 @@ Status ValueOfType(const DataExtDef& d, std::string_view text, std::string& valu
   return status::Ok();
 }
 
+// A document takes the custom fields of its name (customer, vendor, employee) in its
+// header and those of its items on its lines: a custom field is never assigned to a kind
+// of transaction itself.
+bool InheritedByTransaction(const DataExtDef& d, const Target& t) {
+  if (t.typeTag != "TxnDataExtType" || !IsPublic(d.ownerId)) return false;
+  if (!t.lineId.empty()) return Assigned(d, "Item");
+  return Assigned(d, "Customer") || Assigned(d, "Vendor") || Assigned(d, "Employee");
+}
+
 // The definition and record of a value request, checked against each other.
 Status ReadValueRequest(RequestContext& ctx, const pugi::xml_node& node, DataExtStore& store,
                         std::optional<DataExtDef>& def, Target& target, bool deleting = false) {
@@ -288,7 +309,9 @@ Status ReadValueRequest(RequestContext& ctx, const pugi::xml_node& node, DataExt
   def = store.FindDef(owner, name);
   if (!def) return status::ObjectNotFound(name);
   if (Status s = ReadTarget(ctx, node, target); !s.Ok()) return s;
-  if (!Assigned(*def, target.type))
+  if (target.typeTag == "TxnDataExtType" && !target.lineId.empty() && !IsPublic(def->ownerId))
+    return status::Refused("private data cannot be kept on transaction lines.");
+  if (!Assigned(*def, target.type) && !InheritedByTransaction(*def, target))
     return Status{status::kObjectNotFound,
                   "The data extension '" + def->name + "' is not defined for " + target.type + "."};
   return status::Ok();

@@ -170,9 +170,11 @@ std::vector<TxnLineRecord> LineRecords(TxnDocument& doc, WriteScope& scope) {
   return out;
 }
 
-// A line, or a group line with its members (written with `memberTag`), in the order of its table.
+// A line, or a group line with its members (written with `memberTag`), in the order of its
+// table, then the line's data extensions of the owners the query asked for.
 void WriteLineRet(RecordWriter& writer, XmlOut& out, const char* tag, const char* memberTag,
-                  std::span<const Field> fields, std::span<const Field> memberFields, const TxnLine& l) {
+                  std::span<const Field> fields, std::span<const Field> memberFields, const TxnLine& l,
+                  CompanyFile& file, std::string_view txnId, std::span<const std::string> dataExtOwners) {
   FieldMap f = l.fields;
   f.Set("TxnLineID", l.lineId);
   std::string body = f.Encode();
@@ -181,7 +183,9 @@ void WriteLineRet(RecordWriter& writer, XmlOut& out, const char* tag, const char
   out.Open(tag);
   writer.WriteFields(out, fields, row);
   if (l.isGroup)
-    for (const TxnLine& m : l.members) WriteLineRet(writer, out, memberTag, memberTag, memberFields, memberFields, m);
+    for (const TxnLine& m : l.members)
+      WriteLineRet(writer, out, memberTag, memberTag, memberFields, memberFields, m, file, txnId, dataExtOwners);
+  WriteDataExtRets(file, out, txnId, dataExtOwners, l.lineId);
   out.Close(tag);
 }
 
@@ -226,7 +230,8 @@ void WriteRet(RequestContext& ctx, const TxnKind& kind, const TxnDocument& doc, 
     for (const TxnLine& l : doc.lines) {
       int index = form.kindField && l.fields.Get(form.kindField) == form.kindValues[1] ? 1 : 0;
       std::string tag = std::string(form.tags[index]) + (form.suffixed ? "Ret" : "");
-      WriteLineRet(writer, ret, tag.c_str(), tag.c_str(), form.fields, form.fields, l);
+      WriteLineRet(writer, ret, tag.c_str(), tag.c_str(), form.fields, form.fields, l, ctx.file, doc.record.txnId,
+                   o.dataExtOwners);
     }
   } else if (o.lines || kind.linesAlwaysAnswered) {
     std::string line = std::string(kind.lineTag) + "Ret", group = std::string(kind.groupTag) + "Ret";
@@ -239,7 +244,8 @@ void WriteRet(RequestContext& ctx, const TxnKind& kind, const TxnDocument& doc, 
     }
     for (const TxnLine& l : lines->lines)
       WriteLineRet(writer, ret, l.isGroup ? group.c_str() : line.c_str(), line.c_str(),
-                   l.isGroup ? SalesGroupLineFields() : kind.lineFields, kind.lineFields, l);
+                   l.isGroup ? SalesGroupLineFields() : kind.lineFields, kind.lineFields, l, ctx.file,
+                   doc.record.txnId, o.dataExtOwners);
   }
   WriteDataExtRets(ctx.file, ret, doc.record.txnId, o.dataExtOwners);
   ret.Close(kind.retTag);

@@ -30,7 +30,7 @@ class DataExtOwner {
   // qbXML 3.0 on, the application fields. True when the last save that ran had no error.
   virtual bool SaveDataExtensions(const std::string& ListOrTxnId);
   // Saves the custom fields alone, under the record's own id (and line id, for a line).
-  int32_t CommitCustomFields();
+  virtual int32_t CommitCustomFields();
 
   // Reads one DataExtRet into the values of its owner: "0" into CustomFields, the
   // registered GUID into ApplicationFields; another application's values are dropped.

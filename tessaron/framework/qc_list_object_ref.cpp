@@ -1,6 +1,7 @@
 #include "tessaron/framework/qc_list_object_ref.h"
 
 #include "tessaron/connection/library_state.h"
+#include "tessaron/framework/detail/lookup_scope.h"
 #include "tessaron/framework/lists.h"
 #include "tessaron/framework/qc_list.h"
 #include "tessaron/framework/qc_list_object.h"
@@ -31,9 +32,13 @@ void qcListObjectRef::ReadFromNode(const XmlNode& node) {
 std::shared_ptr<qcListObject> qcListObjectRef::Object() {
   if (fullName_.empty()) return nullptr;
   if (cached_) return cached_;
-  std::shared_ptr<qcList> list = CurrentListFor(list_);
-  const Variant key(fullName_);
-  std::shared_ptr<qcListObject> found = list->ItemExists(key) ? list->Item(key) : list->GetByFullName(fullName_);
+  std::shared_ptr<qcListObject> found;
+  if (!detail::LookupScope::Find(list_, fullName_, found)) {
+    std::shared_ptr<qcList> list = CurrentListFor(list_);
+    const Variant key(fullName_);
+    found = list->ItemExists(key) ? list->Item(key) : list->GetByFullName(fullName_);
+    detail::LookupScope::Remember(list_, fullName_, found);
+  }
   if (found) cached_ = found;
   return found;
 }

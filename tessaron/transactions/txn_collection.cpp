@@ -6,6 +6,7 @@
 #include "tessaron/foundation/error_numbers.h"
 #include "tessaron/foundation/qc_error.h"
 #include "tessaron/foundation/values.h"
+#include "tessaron/framework/detail/lookup_scope.h"
 #include "tessaron/framework/response_status.h"
 #include "tessaron/framework/query_mirror.h"
 #include "tessaron/messaging/xml_bldr.h"
@@ -119,7 +120,10 @@ int32_t TxnCollectionBase::AfterSend(const XmlDocument& doc, const std::string& 
     HandToMirror(queryRs, sMDBPath, info_.mirrorObjectName);
     return static_cast<int32_t>(Count());
   }
-  for (const XmlNode& ret : queryRs.childNodes()) {
+  detail::LookupScope lookups;  // the lines of all documents ask for the same few items
+  const XmlNodeList rets = queryRs.childNodes();
+  mCol_.Reserve(static_cast<size_t>(Count() + rets.length()));
+  for (const XmlNode& ret : rets) {
     std::shared_ptr<TxnObject> obj = NewObject();
     obj->FromDom(ret);
     AddParsed(obj);
@@ -400,12 +404,34 @@ int32_t TxnCollectionBase::Commit(const std::shared_ptr<TxnObject>& Member) {
   }
 
   if (anything && !blocked) ReadCommitResponses(b.NewSendRequest());
+  SaveDataExtensionsAfterCommit(Member);
 
   if (State().ErrorMode) {
     if (errors->Count() > 0) throw Error(err::kCommitErrors, info_.className, err::kCommitErrorsText);
     if (b.ErrNumber() != 0) throw Error(b.ErrNumber(), info_.className, b.ErrMsg());
   }
   return static_cast<int32_t>(errors->Count());
+}
+
+// QuickBooks keeps extension values outside the record: they follow in requests of their
+// own, from qbXML 2.0 on, for documents that are on file. A failed save is told in the
+// values' Errors and counted here; it never touches the document.
+void TxnCollectionBase::SaveDataExtensionsAfterCommit(const std::shared_ptr<TxnObject>& Member) {
+  if (State().QBXMLVersionNumber < Currency(2)) return;
+  auto save = [this](TxnObject& obj) {
+    if (obj.TxnId().empty()) return;
+    bool saved = false;
+    try {
+      saved = obj.SaveDataExtensions(obj.TxnId());
+    } catch (const Error&) {
+    }
+    if (!saved) Errors()->Add(err::kCommitFailed, obj.CollectionKey(), err::kCommitFailedText);
+  };
+  if (Member) {
+    save(*Member);
+    return;
+  }
+  for (const auto& obj : mCol_) save(*obj);
 }
 
 void TxnCollectionBase::WithOlderSession(const std::function<void()>& step) {

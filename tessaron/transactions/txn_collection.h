@@ -179,6 +179,8 @@ class TxnCollectionBase : public CollectionXml {
   void WithOlderSession(const std::function<void()>& step);
   // Members committed for the first time join the keys under their TxnId.
   void KeyCommitted();
+  // Saves the data extensions of the member, or of every member, that is on file.
+  void SaveDataExtensionsAfterCommit(const std::shared_ptr<TxnObject>& Member);
   void CheckNameList(size_t count, bool WithChildren, const char* source) const;
   int32_t DeleteOrVoid(const char* request, const char* typeTag, const std::string& TxnId, bool bRemove);
 

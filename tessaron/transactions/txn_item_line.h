@@ -32,6 +32,7 @@ namespace tessaron {
 namespace detail {
 class TxnAccess;
 }
+class DataExtensions;
 class ItemInventory;
 class qcErrors;
 class qcEventSink;
@@ -48,8 +49,10 @@ class txnItemLine {
   txnItemLine(const txnItemLine&) = delete;
   txnItemLine& operator=(const txnItemLine&) = delete;
 
-  // Data extensions of the line (CustomFields) join here once the data extension classes
-  // exist; until then a line reads past them.
+  // The custom fields of the line (owner "0"), read with the document when the query asks
+  // for data extensions and saved by the document's CommitCustomFields. QuickBooks keeps
+  // no application fields on lines: an answer's are dropped.
+  std::shared_ptr<DataExtensions> CustomFields();
 
   // The line of another transaction this one is linked to (payables only send it).
   const std::string& LinkedTxnId() const { return linkedTxnId_; }
@@ -217,6 +220,7 @@ class txnItemLine {
   std::string other1_;
   std::string other2_;
   std::shared_ptr<qcErrors> errors_;
+  std::shared_ptr<DataExtensions> customFields_;
   qoEnumObjectState objectState_ = qoObjectStateNew;
   bool isGroup_ = false;
   std::shared_ptr<txnItemLines> groupLines_;

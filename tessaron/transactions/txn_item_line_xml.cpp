@@ -2,6 +2,8 @@
 #include "tessaron/company/company.h"
 #include "tessaron/company/preferences.h"
 #include "tessaron/connection/library_state.h"
+#include "tessaron/dataext/data_ext_owner.h"
+#include "tessaron/dataext/data_extensions.h"
 #include "tessaron/foundation/enumerations.h"
 #include "tessaron/foundation/values.h"
 #include "tessaron/framework/detail/list_object_access.h"
@@ -18,12 +20,12 @@ using detail::NumberOf;
 
 namespace {
 
-// A reference read from its element into a fresh reference (never into one shared with
-// the header).
-std::shared_ptr<qcListObjectRef> ReadRef(qoEnumListType list, const XmlNode& node) {
-  auto ref = detail::NewRef(list);
+// A reference read from its element: into the line's own empty reference, or else into a
+// fresh one (never into one shared with the header).
+void ReadRef(std::shared_ptr<qcListObjectRef>& ref, qoEnumListType list, const XmlNode& node) {
+  if (!ref || ref.use_count() != 1 || ref->List() != list || !ref->FullName().empty() || !ref->ListID().empty())
+    ref = detail::NewRef(list);
   ListObjectAccess::ReadFromNode(*ref, node);
-  return ref;
 }
 
 bool IsMemberLineElement(std::string_view tag) {
@@ -49,6 +51,13 @@ bool DefaultItemSalesTaxSet() {
 
 }  // namespace
 
+std::shared_ptr<DataExtensions> txnItemLine::CustomFields() {
+  if (!customFields_) customFields_ = std::make_shared<DataExtensions>();
+  customFields_->SetOwnerId("0");
+  customFields_->SetOwnerType(ownerType_);
+  return customFields_;
+}
+
 void txnItemLine::FromDom(const XmlNode& node) {
   quantity_ = Currency();
   for (const XmlNode& child : node.childNodes()) {
@@ -67,15 +76,15 @@ void txnItemLine::FromDom(const XmlNode& node) {
     } else if (tag == "TxnLineID") {
       txnLineId_ = child.text();
     } else if (tag == "ItemRef" || tag == "ItemGroupRef") {
-      itemRef_ = ReadRef(qoListItems, child);
+      ReadRef(itemRef_, qoListItems, child);
     } else if (tag == "CustomerRef") {
-      customerRef_ = ReadRef(qoListCustomers, child);
+      ReadRef(customerRef_, qoListCustomers, child);
     } else if (tag == "ClassRef") {
-      classRef_ = ReadRef(qoListClasses, child);
+      ReadRef(classRef_, qoListClasses, child);
     } else if (tag == "SalesTaxCodeRef") {
-      salesTaxCodeRef_ = ReadRef(qoListSalesTaxCodes, child);
+      ReadRef(salesTaxCodeRef_, qoListSalesTaxCodes, child);
     } else if (tag == "TaxCodeRef") {
-      taxCodeRef_ = ReadRef(qoListSalesTaxCodes, child);
+      ReadRef(taxCodeRef_, qoListSalesTaxCodes, child);
     } else if (IsMemberLineElement(tag)) {
       groupLines_->ReadLine(child, true);
     } else if (tag == "IsPrintItemsInGroup") {
@@ -97,7 +106,7 @@ void txnItemLine::FromDom(const XmlNode& node) {
     } else if (tag == "Invoiced") {
       invoiced_ = NumberOf(child.text());
     } else if (tag == "DataExtRet") {
-      // Data extension values of the line: read here once the data extension classes exist.
+      ReadDataExtRet(child, CustomFields().get(), nullptr);
     } else {
       NoteUnknownElement(tag, "txnItemLine");
     }

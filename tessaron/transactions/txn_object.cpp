@@ -2,6 +2,7 @@
 
 #include "tessaron/company/company.h"
 #include "tessaron/connection/library_state.h"
+#include "tessaron/dataext/data_extensions.h"
 #include "tessaron/events/qc_event_sink.h"
 #include "tessaron/foundation/enumerations.h"
 #include "tessaron/foundation/error_numbers.h"
@@ -13,13 +14,15 @@
 #include "tessaron/platform/error.h"
 #include "tessaron/transactions/detail/txn_access.h"
 #include "tessaron/transactions/txn_collection.h"
+#include "tessaron/transactions/txn_item_line.h"
 #include "tessaron/transactions/txn_item_lines.h"
 #include "tessaron/transactions/txn_linked_transactions.h"
 
 namespace tessaron {
 
 TxnObject::TxnObject(const TxnClassInfo& info)
-    : info_(info),
+    : DataExtOwner(info.objectType),
+      info_(info),
       eventSink_(std::make_shared<qcEventSink>()),
       itemLines_(std::make_shared<txnItemLines>()),
       linkedTxns_(std::make_shared<txnLinkedTransactions>()) {
@@ -138,6 +141,8 @@ Variant TxnObject::FromDom(const XmlNode& obj) {
       linesNotLoaded_ = false;
     } else if (tag == "LinkedTxn") {
       linkedTxns_->ReadLink(child);
+    } else if (tag == "DataExtRet") {
+      ReadDataExtRet(child);
     } else if (const TxnFieldDef* row = detail::FindRow(info_.fields, tag, next)) {
       detail::ReadRow(*row, *this, child);
     } else if (tag == "UserData") {
@@ -183,6 +188,23 @@ void TxnObject::WriteLineParts(xmlBldr& b, bool isRet, bool isMod) {
 }
 
 std::vector<FieldText> TxnObject::Properties() { return detail::Properties(info_.fields, *this); }
+
+// ---- Data extensions -------------------------------------------------------------------------
+
+bool TxnObject::SaveDataExtensions(const std::string& ListOrTxnId) {
+  if (State().DataExtensionsGUID.empty()) return true;
+  return ApplicationFields()->Commit(ListOrTxnId) == 0;
+}
+
+int32_t TxnObject::CommitCustomFields() {
+  int32_t errors = CustomFields()->Commit(txnId_);
+  long position = 1;
+  for (const auto& line : *itemLines_) {
+    detail::TxnAccess::SetLineKey(*line, std::to_string(position++));
+    errors += line->CustomFields()->Commit(txnId_, line->TxnLineId());
+  }
+  return errors;
+}
 
 bool TxnObject::Validate() {
   Errors()->Clear();

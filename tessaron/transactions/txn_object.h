@@ -24,6 +24,7 @@
 #include <string>
 #include <vector>
 
+#include "tessaron/dataext/data_ext_owner.h"
 #include "tessaron/foundation/enum_types.h"
 #include "tessaron/framework/field_table.h"
 #include "tessaron/framework/qc_base.h"
@@ -75,7 +76,7 @@ struct TxnClassInfo {
   std::vector<TxnFieldDef> fields;
 };
 
-class TxnObject : public qcBase {
+class TxnObject : public qcBase, public DataExtOwner {
  public:
   // The class whose members the rows of a transaction's field table point at.
   using FieldOwner = TxnObject;
@@ -116,6 +117,13 @@ class TxnObject : public qcBase {
 
   // Runs the class's checks into Errors; true when there are none. A Clean object passes.
   virtual bool Validate();
+
+  // Data extensions: CustomFields and ApplicationFields come from DataExtOwner; each line
+  // has CustomFields of its own. The master collection's commit saves the application
+  // fields after the record; the custom fields are saved by CommitCustomFields, the
+  // document's first, then each line's under its TxnLineID.
+  bool SaveDataExtensions(const std::string& ListOrTxnId) override;
+  int32_t CommitCustomFields() override;
 
   // Class events. Warning(Code, Message): a line met something the user should know
   // (code 1: an item with an expense account and no sales side). NoQuantity(Item): a line
@@ -166,6 +174,8 @@ class TxnObject : public qcBase {
   virtual bool ReadPart(std::string_view tag, const XmlNode& node) { return false; }
   // Drops what ReadPart filled, before an answer is read.
   virtual void ClearParts() {}
+
+  std::string DataExtRecordId() const override { return txnId_; }
 
   std::string txnId_;
   Date timeCreated_ = 0;

@@ -12,6 +12,8 @@
 #include "tessaron/dataext/data_extensions.h"
 #include "tessaron/foundation/qc_error.h"
 #include "tessaron/lists/customers.h"
+#include "tessaron/transactions/invoices.h"
+#include "tessaron/transactions/txn_item_lines.h"
 #include "tests/e2e/e2e_session.h"
 #include "tests/support/text_match.h"
 
@@ -137,6 +139,45 @@ TEST_P(DataExtensionsEndToEnd, AValueOfTheWrongFormIsRefusedAndStaysDirty) {
   EXPECT_EQ(customers->Commit(), 1);
   EXPECT_EQ(visits->ObjectState(), qoObjectStateNew);
   EXPECT_EQ(visits->Errors()->Count(), 1);
+}
+
+// A document takes its customer's custom fields in its header and the application fields
+// assigned to its own kind; a query that asks for data extensions reads both back.
+TEST_P(DataExtensionsEndToEnd, FieldsSetOnAnInvoiceAreReadBackByTheQuery) {
+  Define();
+  auto batch = company->ApplicationFields()->Add("Batch", qbDataExtTypeSTR255TYPE);
+  batch->AssignedTos().Add(qoObjectTypeInvoice);
+  ASSERT_EQ(company->ApplicationFields()->Commit(), 0);
+  customers->GetAll();
+  auto customer = customers->Item(Variant(1));
+  auto invoices = TessaronGlobals::Invoices();
+  auto inv = invoices->Add(customer->FullName(), "DX-1");
+  inv->ItemLines()->Add("Labor", Currency(2));
+  inv->ApplicationFields()->Item(Variant("Batch"))->SetValue(Variant("B-17"));
+  ASSERT_EQ(invoices->Commit(inv), 0);  // the document, then its application field
+  ASSERT_FALSE(inv->TxnId().empty());
+  inv->CustomFields()->Item(Variant("Colour"))->SetValue(Variant("Blue"));
+  ASSERT_EQ(inv->CommitCustomFields(), 0);
+  // The customer's own value is a value of its own.
+  customer->CustomFields()->Item(Variant("Colour"))->SetValue(Variant("Green"));
+  ASSERT_EQ(customers->Commit(customer), 0);
+
+  Invoices withFields;
+  withFields.SetIncludeDataExtensions(true);
+  auto again = withFields.GetByTxnID(inv->TxnId());
+  ASSERT_TRUE(again);
+  EXPECT_EQ(again->CustomFields()->Item(Variant("Colour"))->Value().ToString(), "Blue");
+  EXPECT_EQ(again->ApplicationFields()->Item(Variant("Batch"))->Value().ToString(), "B-17");
+  Invoices without;
+  EXPECT_EQ(without.GetByTxnID(inv->TxnId())->CustomFields()->Count(), 0);
+  EXPECT_EQ(ReadBack(customer->FullName())->CustomFields()->Item(Variant("Colour"))->Value().ToString(), "Green");
+
+  // Cleared, the value is deleted on file.
+  again->ApplicationFields()->Item(Variant("Batch"))->SetValue(Variant(""));
+  ASSERT_EQ(again->SaveDataExtensions(again->TxnId()), true);
+  Invoices afterwards;
+  afterwards.SetIncludeDataExtensions(true);
+  EXPECT_FALSE(afterwards.GetByTxnID(inv->TxnId())->ApplicationFields()->ItemExists("Batch"));
 }
 
 TESSARON_ALL_EDITIONS(DataExtensionsEndToEnd);

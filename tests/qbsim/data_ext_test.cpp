@@ -238,16 +238,41 @@ TEST_F(DataExtTest, ARecordHoldsAtMost4096BytesOfPrivateValues) {
   EXPECT_EQ(Send(ValueRq("Mod", kGuid, "A", target, std::string(1024, 'z'))).Status(), 0);
 }
 
-TEST_F(DataExtTest, TheCompanyAndTransactionsHoldValuesToo) {
-  ASSERT_EQ(Send(DefAdd(kGuid, "Licence", "STR255TYPE", To("Company") + To("Invoice"))).Status(), 0);
+TEST_F(DataExtTest, TheCompanyHoldsValuesToo) {
+  ASSERT_EQ(Send(DefAdd(kGuid, "Licence", "STR255TYPE", To("Company"))).Status(), 0);
   ASSERT_EQ(Send(ValueRq("Add", kGuid, "Licence", "<OtherDataExtType>Company</OtherDataExtType>", "A-1")).Status(), 0);
   Response c = Send(std::string("<CompanyQueryRq><OwnerID>") + kGuid + "</OwnerID></CompanyQueryRq>");
   EXPECT_EQ(c.Value("CompanyRet/DataExtRet/DataExtValue"), "A-1");
-  Response t = Send(ValueRq("Add", kGuid, "Licence",
-                            "<TxnDataExtType>Invoice</TxnDataExtType><TxnID>ABC-123</TxnID><TxnLineID>L-1</TxnLineID>", "B-2"));
-  EXPECT_EQ(t.Status(), 0);
-  EXPECT_EQ(Send(ValueRq("Mod", kGuid, "Licence", "<TxnDataExtType>Invoice</TxnDataExtType><TxnID>ABC-123</TxnID>", "C")).Status(),
-            3120);  // the value sits on the line, not on the invoice
+}
+
+// A transaction takes the custom fields of its name in its header and of its items on its
+// lines, and the private fields of its own kind on itself only.
+TEST_F(DataExtTest, ATransactionTakesTheCustomFieldsOfItsNameAndItemsAndPrivateFieldsOfItsKind) {
+  ASSERT_EQ(Send(DefAdd("0", "Colour", "STR255TYPE", To("Customer"))).Status(), 0);
+  ASSERT_EQ(Send(DefAdd("0", "Finish", "STR255TYPE", To("Item"))).Status(), 0);
+  ASSERT_EQ(Send(DefAdd(kGuid, "Route", "STR255TYPE", To("Invoice"))).Status(), 0);
+  Response first = Send("<InvoiceQueryRq><MaxReturned>1</MaxReturned><IncludeLineItems>true</IncludeLineItems></InvoiceQueryRq>");
+  const std::string txnId = first.Value("InvoiceRet/TxnID");
+  const std::string lineId = first.Value("InvoiceRet/InvoiceLineRet/TxnLineID");
+  ASSERT_NE(lineId, "<missing>");
+  const std::string header = "<TxnDataExtType>Invoice</TxnDataExtType><TxnID>" + txnId + "</TxnID>";
+  const std::string line = header + "<TxnLineID>" + lineId + "</TxnLineID>";
+  EXPECT_EQ(Send(ValueRq("Add", "0", "Colour", header, "Blue")).Status(), 0);
+  EXPECT_EQ(Send(ValueRq("Add", "0", "Finish", line, "Oak")).Status(), 0);
+  EXPECT_EQ(Send(ValueRq("Add", kGuid, "Route", header, "North")).Status(), 0);
+  EXPECT_EQ(Send(ValueRq("Add", "0", "Finish", header, "Ash")).Status(), 3120);
+  EXPECT_EQ(Send(ValueRq("Add", "0", "Colour", line, "Red")).Status(), 3120);
+  EXPECT_EQ(Send(ValueRq("Add", kGuid, "Route", line, "South")).Status(), 3210);
+  // The document must be on file, and the line one of its lines.
+  EXPECT_EQ(Send(ValueRq("Add", kGuid, "Route", "<TxnDataExtType>Invoice</TxnDataExtType><TxnID>ABC-123</TxnID>", "x"))
+                .Status(),
+            3140);
+  EXPECT_EQ(Send(ValueRq("Mod", "0", "Finish", header + "<TxnLineID>L-1</TxnLineID>", "x")).Status(), 3140);
+
+  Response q = Send("<InvoiceQueryRq><TxnID>" + txnId + "</TxnID><IncludeLineItems>true</IncludeLineItems>"
+                    "<OwnerID>0</OwnerID></InvoiceQueryRq>");
+  EXPECT_EQ(q.Value("InvoiceRet/DataExtRet/DataExtValue"), "Blue");
+  EXPECT_EQ(q.Value("InvoiceRet/InvoiceLineRet/DataExtRet/DataExtValue"), "Oak");
 }
 
 TEST_F(DataExtTest, InvoiceQueriesAnswerTheValuesOfTheOwnersAskedFor) {
