@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 #include "tessaron/foundation/values.h"
 #include "tessaron/platform/error.h"
@@ -19,6 +20,10 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     AmountToDisplayText(c);
     QuantityToText(c);
     PercentRateToText(c);
+  } catch (const Error&) {
+  }
+  try {
+    CurrencyFromText(std::string_view(text));
   } catch (const Error&) {
   }
   try {

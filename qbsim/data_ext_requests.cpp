@@ -359,13 +359,15 @@ Status ValueDel(RequestContext& ctx, const pugi::xml_node& rq, XmlOut& out) {
   if (!store.Value(*def, target.recordId, target.lineId)) return status::ObjectNotFound(def->name);
   WriteScope scope(ctx.file);
   store.DeleteValue(*def, target.recordId, target.lineId);
-  scope.Commit();
+  // The answer names the record, which reads the file: written before the commit, so that a
+  // failing read cannot refuse a change already made.
   out.Open("DataExtDelRet");
   out.Element("OwnerID", def->ownerId);
   out.Element("DataExtName", def->name);
   WriteTarget(ctx, out, target);
   out.Element("TimeDeleted", scope.Timestamp());
   out.Close("DataExtDelRet");
+  scope.Commit();
   return status::Ok();
 }
 

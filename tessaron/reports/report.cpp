@@ -233,7 +233,13 @@ int32_t Report::Refresh() {
     if (displayReport_) return b.ErrNumber();
 
     XmlNode response = ResponseElement(doc);
-    const std::string codeText = response.IsNull() ? std::string("0") : Attribute(response, "statusCode");
+    // An answer that did not parse (cut short, not XML) leaves the document empty: there is
+    // no status to read, as there is no response element to read it from.
+    if (response.IsNull()) {
+      Indent();
+      RaisePlatform(platform_error::kObjectNotSet, "Tessaron:Reports");
+    }
+    const std::string codeText = Attribute(response, "statusCode");
     if (codeText == "0" || codeText.empty()) {
       if (!response.IsNull() && response.hasChildNodes()) FromDom(response);
       Indent();

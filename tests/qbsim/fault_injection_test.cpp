@@ -19,8 +19,9 @@ using Op = FaultyVfs::Op;
 
 struct SweepCase {
   const char* name;
-  // {PARENT_ID}, {PARENT_SEQ}, {DOOMED_ID}, {CUSTOMER}, {INVOICE_ID}, {INVOICE_SEQ} and
-  // {INVOICE_LINE_ID} are filled in.
+  // {PARENT_ID}, {PARENT_SEQ}, {DOOMED_ID}, {CUSTOMER}, {OTHER_ID} (a customer with a value
+  // of the custom field "Kept Field"), {INVOICE_ID}, {INVOICE_SEQ} and {INVOICE_LINE_ID}
+  // are filled in.
   const char* request;
   const char* probe;    // a query whose answer shows whether the request was carried out
 };
@@ -64,7 +65,20 @@ class FaultSweep : public ::testing::TestWithParam<SweepCase> {
         keys_["{PARENT_ID}"] = c.child_value("ListID");
         keys_["{PARENT_SEQ}"] = c.child_value("EditSequence");
         keys_["{CUSTOMER}"] = c.child_value("FullName");
+      } else if (!c.child("ParentRef")) {
+        keys_["{OTHER_ID}"] = c.child_value("ListID");
       }
+    // A public custom field of customers with a value on another customer than the parent
+    // (whose edit sequence the rename needs as it was).
+    Response field(p->ProcessRequest(
+        t, Message("<DataExtDefAddRq requestID=\"1\"><DataExtDefAdd><OwnerID>0</OwnerID><DataExtName>Kept Field"
+                   "</DataExtName><DataExtType>STR255TYPE</DataExtType><AssignToObject>Customer</AssignToObject>"
+                   "</DataExtDefAdd></DataExtDefAddRq><DataExtAddRq requestID=\"2\"><DataExtAdd><OwnerID>0</OwnerID>"
+                   "<DataExtName>Kept Field</DataExtName><ListDataExtType>Customer</ListDataExtType><ListObjRef>"
+                   "<ListID>" + keys_["{OTHER_ID}"] + "</ListID></ListObjRef><DataExtValue>Before</DataExtValue>"
+                   "</DataExtAdd></DataExtAddRq>")));
+    ASSERT_EQ(field.Status(0), 0) << field.Message(0);
+    ASSERT_EQ(field.Status(1), 0) << field.Message(1);
     // An invoice of the sample with its lines: the one that is modified, voided, deleted.
     Response invoices(p->ProcessRequest(
         t, Message("<InvoiceQueryRq requestID=\"1\"><IncludeLineItems>true</IncludeLineItems></InvoiceQueryRq>")));
@@ -211,6 +225,13 @@ constexpr const char* kInvoiceProbe =
     "<CustomerQueryRq requestID=\"2\"/><AccountQueryRq requestID=\"3\"/>"
     "<TxnDeletedQueryRq requestID=\"4\"><TxnDelType>Invoice</TxnDelType></TxnDeletedQueryRq>";
 
+// The custom field definitions and the values on customers.
+constexpr const char* kCustomFieldProbe =
+    "<DataExtDefQueryRq requestID=\"1\"><OwnerID>0</OwnerID></DataExtDefQueryRq>"
+    "<CustomerQueryRq requestID=\"2\"><OwnerID>0</OwnerID></CustomerQueryRq>";
+
+// One row per kind of request that changes the company file: a new kind of change adds its
+// row here. (Subscriptions live in the host's memory, and reports only read.)
 INSTANTIATE_TEST_SUITE_P(
     ModifyingRequests, FaultSweep,
     ::testing::Values(
@@ -253,7 +274,37 @@ INSTANTIATE_TEST_SUITE_P(
                   kInvoiceProbe},
         SweepCase{"InvoiceDelete",
                   "<TxnDelRq requestID=\"1\"><TxnDelType>Invoice</TxnDelType><TxnID>{INVOICE_ID}</TxnID></TxnDelRq>",
-                  kInvoiceProbe}),
+                  kInvoiceProbe},
+        SweepCase{"CustomFieldDefinitionAdd",
+                  "<DataExtDefAddRq requestID=\"1\"><DataExtDefAdd><OwnerID>0</OwnerID><DataExtName>Swept Field"
+                  "</DataExtName><DataExtType>STR255TYPE</DataExtType><AssignToObject>Customer</AssignToObject>"
+                  "</DataExtDefAdd></DataExtDefAddRq>",
+                  kCustomFieldProbe},
+        // A rename carries the values along.
+        SweepCase{"CustomFieldDefinitionRename",
+                  "<DataExtDefModRq requestID=\"1\"><DataExtDefMod><OwnerID>0</OwnerID><DataExtName>Kept Field"
+                  "</DataExtName><DataExtNewName>Swept Field</DataExtNewName></DataExtDefMod></DataExtDefModRq>",
+                  kCustomFieldProbe},
+        // A deleted definition takes its values with it.
+        SweepCase{"CustomFieldDefinitionDelete",
+                  "<DataExtDefDelRq requestID=\"1\"><OwnerID>0</OwnerID><DataExtName>Kept Field</DataExtName>"
+                  "</DataExtDefDelRq>",
+                  kCustomFieldProbe},
+        SweepCase{"CustomFieldValueAdd",
+                  "<DataExtAddRq requestID=\"1\"><DataExtAdd><OwnerID>0</OwnerID><DataExtName>Kept Field"
+                  "</DataExtName><ListDataExtType>Customer</ListDataExtType><ListObjRef><ListID>{PARENT_ID}</ListID>"
+                  "</ListObjRef><DataExtValue>Swept</DataExtValue></DataExtAdd></DataExtAddRq>",
+                  kCustomFieldProbe},
+        SweepCase{"CustomFieldValueModify",
+                  "<DataExtModRq requestID=\"1\"><DataExtMod><OwnerID>0</OwnerID><DataExtName>Kept Field"
+                  "</DataExtName><ListDataExtType>Customer</ListDataExtType><ListObjRef><ListID>{OTHER_ID}</ListID>"
+                  "</ListObjRef><DataExtValue>Swept</DataExtValue></DataExtMod></DataExtModRq>",
+                  kCustomFieldProbe},
+        SweepCase{"CustomFieldValueDelete",
+                  "<DataExtDelRq requestID=\"1\"><DataExtDel><OwnerID>0</OwnerID><DataExtName>Kept Field"
+                  "</DataExtName><ListDataExtType>Customer</ListDataExtType><ListObjRef><ListID>{OTHER_ID}</ListID>"
+                  "</ListObjRef></DataExtDel></DataExtDelRq>",
+                  kCustomFieldProbe}),
     [](const ::testing::TestParamInfo<SweepCase>& info) { return std::string(info.param.name); });
 
 }  // namespace
