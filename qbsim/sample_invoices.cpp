@@ -1,5 +1,6 @@
 #include "qbsim/sample_invoices.h"
 
+#include <string_view>
 #include <vector>
 
 #include "qbsim/request_context.h"
@@ -22,10 +23,11 @@ std::string ItemId(CompanyFile& file, const char* name) {
   return st.Step() ? std::string(st.Text(0)) : std::string();
 }
 
-}  // namespace
-
-void AddSampleInvoices(CompanyFile& file, WriteScope& scope, Edition edition, int newestVersion, int count) {
-  const TxnKind* kind = FindTxnKind("Invoice");
+void AddSampleDocuments(CompanyFile& file, WriteScope& scope, Edition edition, int newestVersion, const char* kindName,
+                        int count, uint32_t seed, int firstRef) {
+  const TxnKind* kind = FindTxnKind(kindName);
+  // Only an invoice is paid on the form.
+  const bool invoice = std::string_view(kindName) == "Invoice";
   std::vector<std::string> customers =
       Ids(file, "SELECT list_id FROM list_record WHERE kind = 'Customer' AND is_active = 1 ORDER BY rowid");
   if (customers.empty() || count <= 0) return;
@@ -47,7 +49,7 @@ void AddSampleInvoices(CompanyFile& file, WriteScope& scope, Edition edition, in
   LedgerStore ledger(file);
   ListCache lists(ctx);
   const Date today = Today();
-  uint32_t dice = 12345;
+  uint32_t dice = seed;
   auto roll = [&](int n) {
     dice ^= dice << 13;
     dice ^= dice >> 17;
@@ -59,7 +61,7 @@ void AddSampleInvoices(CompanyFile& file, WriteScope& scope, Edition edition, in
     TxnDocument doc;
     doc.header.Set("CustomerRef", customers[roll(static_cast<int>(customers.size()))]);
     doc.header.Set("TxnDate", FormatDate(today - roll(730), "yyyy-mm-dd"));
-    doc.header.Set("RefNumber", std::to_string(1001 + i));
+    doc.header.Set("RefNumber", std::to_string(firstRef + i));
     int lineCount = 1 + roll(4);
     for (int l = 0; l < lineCount; ++l) {
       const Pick& p = items[roll(static_cast<int>(items.size()))];
@@ -83,7 +85,7 @@ void AddSampleInvoices(CompanyFile& file, WriteScope& scope, Edition edition, in
     }
     if (kind->complete(ctx, lists, doc, true).code != 0) continue;
     // A third of the older invoices were paid on the form.
-    if (!deposit.empty() && roll(3) == 0) {
+    if (invoice && !deposit.empty() && roll(3) == 0) {
       int64_t owed = 0;
       for (const TxnLine& l : doc.lines)
         if (l.itemKind != "ItemSubtotal") owed += l.amount;
@@ -99,6 +101,21 @@ void AddSampleInvoices(CompanyFile& file, WriteScope& scope, Edition edition, in
     doc.record.editSequence = scope.NewEditSequence();
     doc.record.timeCreated = doc.record.timeModified = scope.Timestamp();
     StoreTxn(ctx, lists, *kind, doc, scope, ledger, true);
+  }
+}
+
+}  // namespace
+
+void AddSampleInvoices(CompanyFile& file, WriteScope& scope, Edition edition, int newestVersion, int count) {
+  AddSampleDocuments(file, scope, edition, newestVersion, "Invoice", count, 12345, 1001);
+}
+
+void AddSampleSalesDocuments(CompanyFile& file, WriteScope& scope, Edition edition, int newestVersion, int count) {
+  uint32_t seed = 2024;
+  int firstRef = 5001;
+  for (const char* kind : {"SalesReceipt", "CreditMemo", "Estimate", "SalesOrder"}) {
+    AddSampleDocuments(file, scope, edition, newestVersion, kind, count, seed++, firstRef);
+    firstRef += 1000;
   }
 }
 
