@@ -489,6 +489,8 @@ void Fill(CompanyFile& file, const SampleOptions& o) {
   file.SetMeta(meta::kPreferences, prefs.Encode());
   b.PostOpeningBalances();
   AddSampleInvoices(file, scope, o.edition, o.newestVersion, o.invoices < 0 ? o.customers / 2 : o.invoices);
+  AddSampleSalesDocuments(file, scope, o.edition, o.newestVersion,
+                          o.salesDocuments < 0 ? o.customers / 20 : o.salesDocuments);
   scope.Commit();
 }
 

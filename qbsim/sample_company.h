@@ -20,6 +20,9 @@ struct SampleOptions {
   bool defaultSalesTaxItem = true;
   // Invoices over the last two years; -1: half as many as there are customers.
   int invoices = -1;
+  // Of each of sales receipts, credit memos, estimates and sales orders; -1: one for every
+  // twenty customers.
+  int salesDocuments = -1;
 };
 
 // Creates the company file at `path` (which must not exist) and fills it in one transaction.

@@ -1,6 +1,7 @@
 #include "qbsim/sample_invoices.h"
 
 #include <algorithm>
+#include <string_view>
 #include <vector>
 
 #include "qbsim/request_context.h"
@@ -31,11 +32,12 @@ void Stamp(TxnDocument& doc, WriteScope& scope, int64_t number) {
   doc.record.timeCreated = doc.record.timeModified = scope.Timestamp();
 }
 
-}  // namespace
-
-void AddSampleInvoices(CompanyFile& file, WriteScope& scope, Edition edition, int newestVersion, int count) {
-  const TxnKind* kind = FindTxnKind("Invoice");
-  const TxnKind* payment = FindTxnKind("ReceivePayment");
+void AddSampleDocuments(CompanyFile& file, WriteScope& scope, Edition edition, int newestVersion, const char* kindName,
+                        int count, uint32_t seed, int firstRef) {
+  const TxnKind* kind = FindTxnKind(kindName);
+  // Only an invoice is paid on the form, or later by a payment.
+  const bool invoice = std::string_view(kindName) == "Invoice";
+  const TxnKind* payment = invoice ? FindTxnKind("ReceivePayment") : nullptr;
   std::vector<std::string> customers =
       Ids(file, "SELECT list_id FROM list_record WHERE kind = 'Customer' AND is_active = 1 ORDER BY rowid");
   if (customers.empty() || count <= 0) return;
@@ -57,7 +59,7 @@ void AddSampleInvoices(CompanyFile& file, WriteScope& scope, Edition edition, in
   LedgerStore ledger(file);
   ListCache lists(ctx);
   const Date today = Today();
-  uint32_t dice = 12345;
+  uint32_t dice = seed;
   auto roll = [&](int n) {
     dice ^= dice << 13;
     dice ^= dice >> 17;
@@ -69,7 +71,7 @@ void AddSampleInvoices(CompanyFile& file, WriteScope& scope, Edition edition, in
     TxnDocument doc;
     doc.header.Set("CustomerRef", customers[roll(static_cast<int>(customers.size()))]);
     doc.header.Set("TxnDate", FormatDate(today - roll(730), "yyyy-mm-dd"));
-    doc.header.Set("RefNumber", std::to_string(1001 + i));
+    doc.header.Set("RefNumber", std::to_string(firstRef + i));
     int lineCount = 1 + roll(4);
     for (int l = 0; l < lineCount; ++l) {
       const Pick& p = items[roll(static_cast<int>(items.size()))];
@@ -93,7 +95,7 @@ void AddSampleInvoices(CompanyFile& file, WriteScope& scope, Edition edition, in
     }
     if (kind->complete(ctx, lists, doc, true).code != 0) continue;
     // A third of the older invoices were paid on the form.
-    if (!deposit.empty() && roll(3) == 0) {
+    if (invoice && !deposit.empty() && roll(3) == 0) {
       int64_t owed = 0;
       for (const TxnLine& l : doc.lines)
         if (l.itemKind != "ItemSubtotal") owed += l.amount;
@@ -115,7 +117,7 @@ void AddSampleInvoices(CompanyFile& file, WriteScope& scope, Edition edition, in
       TxnDocument paid;
       paid.header.Set("CustomerRef", doc.header.Get("CustomerRef"));
       paid.header.Set("TxnDate", FormatDate(std::min(today, issued + roll(45)), "yyyy-mm-dd"));
-      paid.header.Set("RefNumber", std::to_string(5001 + i));
+      paid.header.Set("RefNumber", std::to_string(firstRef + 8000 + i));
       TxnLine applied;
       applied.fields.Set("TxnID", doc.record.txnId);
       applied.fields.Set("PaymentAmount", CentsText(roll(3) == 0 ? RoundToCents(open / 2) : open));
@@ -124,6 +126,21 @@ void AddSampleInvoices(CompanyFile& file, WriteScope& scope, Edition edition, in
       Stamp(paid, scope, number++);
       StoreTxn(ctx, lists, *payment, paid, scope, ledger, true);
     }
+  }
+}
+
+}  // namespace
+
+void AddSampleInvoices(CompanyFile& file, WriteScope& scope, Edition edition, int newestVersion, int count) {
+  AddSampleDocuments(file, scope, edition, newestVersion, "Invoice", count, 12345, 1001);
+}
+
+void AddSampleSalesDocuments(CompanyFile& file, WriteScope& scope, Edition edition, int newestVersion, int count) {
+  uint32_t seed = 2024;
+  int firstRef = 5001;
+  for (const char* kind : {"SalesReceipt", "CreditMemo", "Estimate", "SalesOrder"}) {
+    AddSampleDocuments(file, scope, edition, newestVersion, kind, count, seed++, firstRef);
+    firstRef += 1000;
   }
 }
 

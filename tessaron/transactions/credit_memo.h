@@ -31,9 +31,8 @@ class CreditMemo final : public SalesTxn {
   // The credit not yet used, as QuickBooks last said.
   Currency CreditRemaining() const { return creditRemaining_; }
 
-  // Validate's head tests: 0x800403F6/0x800407E4 (ARAccount), 0x800407E2 (Customer).
-
  protected:
+  // Validate's checks before the lines: 0x800403F6/0x800407E4 (ARAccount), 0x800407E2 (Customer).
   void ValidateHead(qcErrors& errors) override;
 
  private:

@@ -24,9 +24,8 @@ class Estimate final : public SalesTxn {
   // Subtotal and sales tax.
   Currency Total() const { return TotalAmountFigure(); }
 
-  // Validate's head tests: 0x800407E2 without a customer.
-
  protected:
+  // Validate's checks before the lines: 0x800407E2 without a customer.
   void ValidateHead(qcErrors& errors) override;
 
  private:

@@ -48,14 +48,14 @@ class Invoice final : public SalesTxn {
   using SalesTxn::SuggestedDiscountAmount;
   using SalesTxn::SuggestedDiscountDate;
 
-  // Validate's head tests: 0x800403F6/0x800407E4 (ARAccount), 0x800407E2 (Customer).
   // Writes the customer, the company (as a vendor record) and the invoice to one file in
   // the saved form. Returns the builder's result.
   int32_t SaveAsqBill(const std::string& FilePath);
-
   using SalesTxn::UpdateDueDates;
 
  protected:
+  // Validate's checks before the lines: 0x800403F6/0x800407E4 (ARAccount), 0x800407E2
+  // (Customer).
   void ValidateHead(qcErrors& errors) override;
 
  private:

@@ -33,9 +33,8 @@ class SalesOrder final : public SalesTxn {
   // Subtotal and sales tax.
   Currency TotalAmount() const { return TotalAmountFigure(); }
 
-  // Validate's head tests: 0x800407E2 without a customer.
-
  protected:
+  // Validate's checks before the lines: 0x800407E2 without a customer.
   void ValidateHead(qcErrors& errors) override;
 
  private:

@@ -6,6 +6,7 @@
 
 #include "tessaron/connection/tessaron_globals.h"
 #include "tessaron/lists/customers.h"
+#include "tessaron/transactions/credit_memos.h"
 #include "tessaron/transactions/invoices.h"
 #include "tessaron/transactions/txn_item_lines.h"
 #include "tests/e2e/e2e_session.h"
@@ -24,21 +25,31 @@ class CustomerBalancesTest : public EditionTest {
     return out;
   }
 
-  // The open invoices summed onto their customer and every customer above it.
+  // The open invoices, less the open credit memos, summed onto their customer and every
+  // customer above it.
   std::map<std::string, Currency> OpenInvoiceSums() {
-    Invoices open;
-    open.GetAll(false, 0, /*PaidStatus=*/3);
-    EXPECT_EQ(open.Errors()->Count(), 0);
     std::map<std::string, Currency> out;
-    for (long i = 1; i <= open.Count(); ++i) {
-      auto inv = open.Item(Variant(static_cast<int32_t>(i)));
-      std::string name = inv->Customer();
+    auto add = [&](std::string name, Currency amount) {
       for (;;) {
-        out[name] += inv->BalanceRemaining();
+        out[name] += amount;
         const size_t colon = name.rfind(':');
         if (colon == std::string::npos) break;
         name.resize(colon);
       }
+    };
+    Invoices open;
+    open.GetAll(false, 0, /*PaidStatus=*/3);
+    EXPECT_EQ(open.Errors()->Count(), 0);
+    for (long i = 1; i <= open.Count(); ++i) {
+      auto inv = open.Item(Variant(static_cast<int32_t>(i)));
+      add(inv->Customer(), inv->BalanceRemaining());
+    }
+    CreditMemos credits;
+    credits.GetAll(false);
+    EXPECT_EQ(credits.Errors()->Count(), 0);
+    for (long i = 1; i <= credits.Count(); ++i) {
+      auto cm = credits.Item(Variant(static_cast<int32_t>(i)));
+      add(cm->Customer(), Currency() - cm->CreditRemaining());
     }
     return out;
   }

@@ -142,7 +142,8 @@ TEST_P(SalesDocumentsEndToEnd, EstimateWithMarkupIsStoredModifiedQueriedAndDelet
   ASSERT_EQ(estimates->Commit(back), 0);
   EXPECT_FALSE(back->IsActive());
   estimates->Clear();
-  EXPECT_EQ(estimates->GetBySingleEntity(customer), 1);
+  EXPECT_GE(estimates->GetBySingleEntity(customer), 1);
+  EXPECT_TRUE(estimates->ItemExists(Variant(back->TxnId())));
   EXPECT_EQ(estimates->Delete(back->TxnId()), 0);
   EXPECT_EQ(estimates->GetByTxnID(back->TxnId()), nullptr);
 }
@@ -164,9 +165,10 @@ TEST_P(SalesDocumentsEndToEnd, SalesOrderIsStoredClosedQueriedAndDeleted) {
   EXPECT_TRUE(back->IsManuallyClosed());
   EXPECT_EQ(back->ItemLines()->Item(Variant(2))->IsManuallyClosed(), Currency(1));
   orders->Clear();
-  EXPECT_EQ(orders->GetAll(), 1);
+  const int32_t all = orders->GetAll();
+  EXPECT_TRUE(orders->ItemExists(Variant(back->TxnId())));
   EXPECT_EQ(orders->Delete(back->TxnId()), 0);
-  EXPECT_EQ(orders->Count(), 0);
+  EXPECT_EQ(orders->Count(), all - 1);
 }
 
 TESSARON_ALL_EDITIONS(SalesDocumentsEndToEnd);

@@ -27,6 +27,7 @@ class InvoiceLedgerTest : public QbsimTest {
     QbsimTest::SetUp();
     SampleOptions sample;
     sample.invoices = sampleInvoices;
+    sample.salesDocuments = 0;
     Open(sample);
     AddCustomer("Test Taxable", "<TermsRef><FullName>Net 30</FullName></TermsRef><SalesTaxCodeRef><FullName>Tax"
                                 "</FullName></SalesTaxCodeRef><ItemSalesTaxRef><FullName>State Tax</FullName>"
