@@ -1,5 +1,8 @@
-// Invoices: the header table, the arithmetic of sales lines (items, subtotals, discounts,
-// groups, sales tax) and the posting of an invoice to the ledger.
+// The sales documents: invoices, sales receipts, credit memos, estimates and sales orders.
+// Their header tables, the arithmetic of sales lines (items, subtotals, discounts, groups,
+// sales tax) that they share, and their postings: an invoice debits the receivable, a
+// sales receipt the account the money went to, a credit memo credits the receivable, and
+// estimates and sales orders post nothing.
 #include <map>
 #include <optional>
 
@@ -43,6 +46,8 @@ constexpr RefTarget kCustomerMsg{"CustomerMsg", kCustomerMsgKinds};
 constexpr RefTarget kSalesTaxCode{"SalesTaxCode", kSalesTaxCodeKinds};
 constexpr RefTarget kItemGroup{"ItemGroup", kItemGroupKinds};
 constexpr RefTarget kLineItem{"Item", kLineItemKinds};
+constexpr const char* kPaymentMethodKinds[] = {"PaymentMethod"};
+constexpr RefTarget kPaymentMethod{"PaymentMethod", kPaymentMethodKinds};
 
 constexpr uint16_t kAddRet = kInAdd | kInRet;
 
@@ -60,6 +65,66 @@ constexpr Field kInvoiceHeader[] = {
     V("IsToBePrinted", VT::Bool), V("IsToBeEmailed", VT::Bool),
     R("CustomerSalesTaxCodeRef", kSalesTaxCode).With(kUsOnly), V("SuggestedDiscountAmount", VT::Amount).Only(kInRet),
     V("SuggestedDiscountDate", VT::Date).Only(kInRet), V("Other").Max(29)};
+
+constexpr Field kSalesReceiptHeader[] = {
+    R("CustomerRef", kCustomer), R("ClassRef", kClass), R("TemplateRef", kTemplate), V("TxnDate", VT::Date),
+    V("RefNumber").Max(11), fields::Address("BillAddress"), fields::Address("ShipAddress"), V("IsPending", VT::Bool),
+    V("CheckNumber").Max(25), R("PaymentMethodRef", kPaymentMethod), V("DueDate", VT::Date),
+    R("SalesRepRef", kSalesRep), V("ShipDate", VT::Date), R("ShipMethodRef", kShipMethod), V("FOB").Max(13),
+    V("Subtotal", VT::Amount).Only(kInRet), R("ItemSalesTaxRef", kItemSalesTax).With(kUsOnly),
+    V("SalesTaxPercentage", VT::Percent).Only(kInRet).With(kUsOnly), V("SalesTaxTotal", VT::Amount).Only(kInRet),
+    V("TotalAmount", VT::Amount).Only(kInRet), V("Memo").Max(4095), R("CustomerMsgRef", kCustomerMsg),
+    V("IsToBePrinted", VT::Bool), V("IsToBeEmailed", VT::Bool),
+    R("CustomerSalesTaxCodeRef", kSalesTaxCode).With(kUsOnly), R("DepositToAccountRef", kAccount),
+    V("Other").Max(29)};
+
+constexpr Field kCreditMemoHeader[] = {
+    R("CustomerRef", kCustomer).Required(), R("ClassRef", kClass), R("ARAccountRef", kAccount),
+    R("TemplateRef", kTemplate), V("TxnDate", VT::Date), V("RefNumber").Max(11), fields::Address("BillAddress"),
+    fields::Address("ShipAddress"), V("IsPending", VT::Bool), V("PONumber").Max(25), R("TermsRef", kTerms),
+    V("DueDate", VT::Date), R("SalesRepRef", kSalesRep), V("FOB").Max(13), V("ShipDate", VT::Date),
+    R("ShipMethodRef", kShipMethod), V("Subtotal", VT::Amount).Only(kInRet),
+    R("ItemSalesTaxRef", kItemSalesTax).With(kUsOnly), V("SalesTaxPercentage", VT::Percent).Only(kInRet).With(kUsOnly),
+    V("SalesTaxTotal", VT::Amount).Only(kInRet), V("TotalAmount", VT::Amount).Only(kInRet),
+    V("CreditRemaining", VT::Amount).Only(kInRet), V("Memo").Max(4095), R("CustomerMsgRef", kCustomerMsg),
+    V("IsToBePrinted", VT::Bool), V("IsToBeEmailed", VT::Bool),
+    R("CustomerSalesTaxCodeRef", kSalesTaxCode).With(kUsOnly), V("Other").Max(29)};
+
+constexpr Field kEstimateHeader[] = {
+    R("CustomerRef", kCustomer).Required(), R("ClassRef", kClass), R("TemplateRef", kTemplate), V("TxnDate", VT::Date),
+    V("RefNumber").Max(11), fields::Address("BillAddress"), fields::Address("ShipAddress"), V("IsActive", VT::Bool),
+    V("PONumber").Max(25), R("TermsRef", kTerms), V("DueDate", VT::Date), R("SalesRepRef", kSalesRep),
+    V("FOB").Max(13), V("Subtotal", VT::Amount).Only(kInRet), R("ItemSalesTaxRef", kItemSalesTax).With(kUsOnly),
+    V("SalesTaxPercentage", VT::Percent).Only(kInRet).With(kUsOnly), V("SalesTaxTotal", VT::Amount).Only(kInRet),
+    V("TotalAmount", VT::Amount).Only(kInRet), V("Memo").Max(4095), R("CustomerMsgRef", kCustomerMsg),
+    V("IsToBeEmailed", VT::Bool), R("CustomerSalesTaxCodeRef", kSalesTaxCode).With(kUsOnly), V("Other").Max(29)};
+
+constexpr Field kSalesOrderHeader[] = {
+    R("CustomerRef", kCustomer).Required(), R("ClassRef", kClass), R("TemplateRef", kTemplate), V("TxnDate", VT::Date),
+    V("RefNumber").Max(11), fields::Address("BillAddress"), fields::Address("ShipAddress"), V("PONumber").Max(25),
+    R("TermsRef", kTerms), V("DueDate", VT::Date), R("SalesRepRef", kSalesRep), V("FOB").Max(13),
+    V("ShipDate", VT::Date), R("ShipMethodRef", kShipMethod), V("Subtotal", VT::Amount).Only(kInRet),
+    R("ItemSalesTaxRef", kItemSalesTax).With(kUsOnly), V("SalesTaxPercentage", VT::Percent).Only(kInRet).With(kUsOnly),
+    V("SalesTaxTotal", VT::Amount).Only(kInRet), V("TotalAmount", VT::Amount).Only(kInRet),
+    V("IsManuallyClosed", VT::Bool), V("IsFullyInvoiced", VT::Bool).Only(kInRet), V("Memo").Max(4095),
+    R("CustomerMsgRef", kCustomerMsg), V("IsToBePrinted", VT::Bool), V("IsToBeEmailed", VT::Bool),
+    R("CustomerSalesTaxCodeRef", kSalesTaxCode).With(kUsOnly), V("Other").Max(29)};
+
+// Estimate lines carry a markup; they have no service date.
+constexpr Field kEstimateLine[] = {
+    V("TxnLineID").Only(kInMod | kInRet), R("ItemRef", kLineItem), V("Desc").Max(4095),
+    V("Quantity", VT::Quantity), V("Rate", VT::Price).Choice(1), V("RatePercent", VT::Percent).Choice(1),
+    R("ClassRef", kClass), V("Amount", VT::Amount), R("SalesTaxCodeRef", kSalesTaxCode).With(kUsOnly),
+    V("MarkupRate", VT::Price).Choice(2), V("MarkupRatePercent", VT::Percent).Choice(2), V("Other1").Max(29),
+    V("Other2").Max(29)};
+
+// Sales order lines count what has been invoiced of them and can be closed.
+constexpr Field kSalesOrderLine[] = {
+    V("TxnLineID").Only(kInMod | kInRet), R("ItemRef", kLineItem), V("Desc").Max(4095),
+    V("Quantity", VT::Quantity), V("Rate", VT::Price).Choice(1), V("RatePercent", VT::Percent).Choice(1),
+    R("ClassRef", kClass), V("Amount", VT::Amount), R("SalesTaxCodeRef", kSalesTaxCode).With(kUsOnly),
+    V("Invoiced", VT::Quantity).Only(kInRet), V("IsManuallyClosed", VT::Bool), V("Other1").Max(29),
+    V("Other2").Max(29)};
 
 constexpr Field kSalesLine[] = {
     V("TxnLineID").Only(kInMod | kInRet), R("ItemRef", kLineItem), V("Desc").Max(4095),
@@ -407,9 +472,10 @@ Status CompleteInvoice(RequestContext& ctx, Lookup& lists, TxnDocument& doc, boo
 
 // ---------------------------------------------------------------- postings
 
-// Receivable debit for the whole; a credit to each line's income account; the sales tax
-// to the liability, by tax vendor.
-std::vector<Posting> PostInvoice(RequestContext&, Lookup& lists, WriteScope& scope, const TxnDocument& doc) {
+// The whole to `accountTag`'s account (a debit when `sign` is 1); the opposite to each
+// line's income account and the sales tax to the liability, by tax vendor.
+std::vector<Posting> PostSale(Lookup& lists, WriteScope& scope, const TxnDocument& doc, const char* accountTag,
+                              int64_t sign) {
   const FieldMap& h = doc.header;
   const std::string customer(h.Get("CustomerRef")), headerClass(h.Get("ClassRef"));
   std::vector<Posting> rows;
@@ -423,7 +489,7 @@ std::vector<Posting> PostInvoice(RequestContext&, Lookup& lists, WriteScope& sco
     else if (item) account = ItemAccount(*item);
     if (account.empty()) account = lists.Special(&scope, "UncategorizedIncome");
     std::string cls(l.fields.Get("ClassRef"));
-    rows.push_back({account, -l.amount, customer, itemId, cls.empty() ? headerClass : cls, ""});
+    rows.push_back({account, -sign * l.amount, customer, itemId, cls.empty() ? headerClass : cls, ""});
     total += l.amount;
   };
   for (const TxnLine& l : doc.lines) {
@@ -431,40 +497,73 @@ std::vector<Posting> PostInvoice(RequestContext&, Lookup& lists, WriteScope& sco
     for (const TxnLine& m : l.members) postLine(m);
   }
   for (const auto& [taxItem, amount] : doc.taxByItem) {
-    rows.push_back({lists.Special(&scope, "SalesTaxPayable"), -amount, std::string(lists.Get(taxItem, "TaxVendorRef")),
+    rows.push_back({lists.Special(&scope, "SalesTaxPayable"), -sign * amount, std::string(lists.Get(taxItem, "TaxVendorRef")),
                     taxItem, headerClass, ""});
     total += amount;
   }
-  rows.push_back({std::string(h.Get("ARAccountRef")), total, customer, "", headerClass, doc.record.txnId});
+  rows.push_back({std::string(h.Get(accountTag)), sign * total, customer, "", headerClass, doc.record.txnId});
   return rows;
+}
+
+std::vector<Posting> PostInvoice(RequestContext&, Lookup& lists, WriteScope& scope, const TxnDocument& doc) {
+  return PostSale(lists, scope, doc, "ARAccountRef", 1);
+}
+// The money received: to the deposit account (Undeposited Funds unless the receipt names one).
+std::vector<Posting> PostSalesReceipt(RequestContext&, Lookup& lists, WriteScope& scope, const TxnDocument& doc) {
+  return PostSale(lists, scope, doc, "DepositToAccountRef", 1);
+}
+// A credit memo undoes a sale: the receivable is credited, income and sales tax debited.
+std::vector<Posting> PostCreditMemo(RequestContext&, Lookup& lists, WriteScope& scope, const TxnDocument& doc) {
+  return PostSale(lists, scope, doc, "ARAccountRef", -1);
+}
+std::vector<Posting> PostNothing(RequestContext&, Lookup&, WriteScope&, const TxnDocument&) { return {}; }
+
+// The sales tax of the lines that are tax items: a line like any other, its amount belongs
+// to the subtotal, though it posts to the sales tax liability as the header's tax does.
+int64_t BodyTax(Lookup& lists, const TxnDocument& doc) {
+  int64_t tax = 0;
+  auto add = [&](const TxnLine& l) {
+    const Looked* item = lists.Find(std::string(l.fields.Get("ItemRef")));
+    if (item && (item->kind == "ItemSalesTax" || item->kind == "ItemSalesTaxGroup"))
+      tax += RoundToCents(Raw(l.fields.Get("Amount")));
+  };
+  for (const TxnLine& l : doc.lines) {
+    add(l);
+    for (const TxnLine& m : l.members) add(m);
+  }
+  return tax;
+}
+
+// Subtotal, tax rate and tax of a document whose whole is `total` and whose sales tax
+// (header and lines) is `taxTotal`.
+void TaxFigures(RequestContext& ctx, Lookup& lists, const TxnDocument& doc, int64_t total, int64_t taxTotal,
+                FieldMap& answer) {
+  taxTotal -= BodyTax(lists, doc);
+  answer.Set("Subtotal", CentsText(total - taxTotal));
+  if (ctx.IsUS())
+    answer.Set("SalesTaxPercentage", DecimalText(TotalRate(TaxItems(lists, std::string(doc.header.Get("ItemSalesTaxRef"))))));
+  answer.Set("SalesTaxTotal", CentsText(taxTotal));
+}
+
+// What a posted sale comes to on `accountTag`'s account and on the sales tax liability,
+// signed as a sale (an invoice's debit is positive).
+std::pair<int64_t, int64_t> PostedTotals(RequestContext& ctx, LedgerStore& ledger, const TxnDocument& doc,
+                                         const char* accountTag, int64_t sign) {
+  std::vector<std::string> account = {std::string(doc.header.Get(accountTag))};
+  std::vector<std::string> tax = {SpecialAccount(ctx, nullptr, "SalesTaxPayable")};
+  int64_t total = sign * ledger.TxnAmount(doc.record.txnId, account);
+  int64_t taxTotal = tax.front().empty() ? 0 : -sign * ledger.TxnAmount(doc.record.txnId, tax);
+  return {total, taxTotal};
 }
 
 // Subtotal, sales tax and what is still owed: all summed from the postings.
 void InvoiceFigures(RequestContext& ctx, const TxnDocument& doc, FieldMap& answer) {
   LedgerStore ledger(ctx.file);
-  std::vector<std::string> ar = {std::string(doc.header.Get("ARAccountRef"))};
-  std::vector<std::string> tax = {SpecialAccount(ctx, nullptr, "SalesTaxPayable")};
-  int64_t total = ledger.TxnAmount(doc.record.txnId, ar);
-  int64_t taxTotal = tax.front().empty() ? 0 : -ledger.TxnAmount(doc.record.txnId, tax);
-  int64_t open = ledger.OpenAmount(doc.record.txnId, ar);
   Lookup lists(ctx);
-  // A sales tax item used as a line is a line like any other: its amount belongs to the
-  // subtotal, and SalesTaxTotal is the header's tax alone, though both post to the
-  // sales tax liability.
-  auto bodyTax = [&](const TxnLine& l) -> int64_t {
-    const Looked* item = lists.Find(std::string(l.fields.Get("ItemRef")));
-    if (!item || (item->kind != "ItemSalesTax" && item->kind != "ItemSalesTaxGroup")) return 0;
-    return RoundToCents(Raw(l.fields.Get("Amount")));
-  };
-  for (const TxnLine& l : doc.lines) {
-    taxTotal -= bodyTax(l);
-    for (const TxnLine& m : l.members) taxTotal -= bodyTax(m);
-  }
-  answer.Set("Subtotal", CentsText(total - taxTotal));
-  if (ctx.IsUS()) {
-    answer.Set("SalesTaxPercentage", DecimalText(TotalRate(TaxItems(lists, std::string(doc.header.Get("ItemSalesTaxRef"))))));
-  }
-  answer.Set("SalesTaxTotal", CentsText(taxTotal));
+  auto [total, taxTotal] = PostedTotals(ctx, ledger, doc, "ARAccountRef", 1);
+  std::vector<std::string> ar = {std::string(doc.header.Get("ARAccountRef"))};
+  int64_t open = ledger.OpenAmount(doc.record.txnId, ar);
+  TaxFigures(ctx, lists, doc, total, taxTotal, answer);
   answer.Set("AppliedAmount", CentsText(open - total));
   answer.Set("BalanceRemaining", CentsText(open));
   answer.Set("IsPaid", open == 0 ? "true" : "false");
@@ -474,15 +573,66 @@ void InvoiceFigures(RequestContext& ctx, const TxnDocument& doc, FieldMap& answe
   }
 }
 
+void SalesReceiptFigures(RequestContext& ctx, const TxnDocument& doc, FieldMap& answer) {
+  LedgerStore ledger(ctx.file);
+  Lookup lists(ctx);
+  auto [total, taxTotal] = PostedTotals(ctx, ledger, doc, "DepositToAccountRef", 1);
+  TaxFigures(ctx, lists, doc, total, taxTotal, answer);
+  answer.Set("TotalAmount", CentsText(total));
+}
+
+// The credit still open is what the receivable rows of the memo and of what it was applied
+// to leave.
+void CreditMemoFigures(RequestContext& ctx, const TxnDocument& doc, FieldMap& answer) {
+  LedgerStore ledger(ctx.file);
+  Lookup lists(ctx);
+  auto [total, taxTotal] = PostedTotals(ctx, ledger, doc, "ARAccountRef", -1);
+  std::vector<std::string> ar = {std::string(doc.header.Get("ARAccountRef"))};
+  TaxFigures(ctx, lists, doc, total, taxTotal, answer);
+  answer.Set("TotalAmount", CentsText(total));
+  answer.Set("CreditRemaining", CentsText(-ledger.OpenAmount(doc.record.txnId, ar)));
+}
+
+// Documents that post nothing: their figures come from their worked-out lines.
+void UnpostedFigures(RequestContext& ctx, const TxnDocument& stored, FieldMap& answer) {
+  Lookup lists(ctx);
+  // A document read back from the file is worked out again for its item kinds and tax.
+  TxnDocument doc = stored;
+  if (!CompleteInvoice(ctx, lists, doc, false).Ok()) return;
+  int64_t total = 0, taxTotal = BodyTax(lists, doc);
+  for (const TxnLine& l : doc.lines)
+    if (l.itemKind != "ItemSubtotal") total += RoundToCents(Raw(l.fields.Get(l.isGroup ? "TotalAmount" : "Amount")));
+  for (const auto& [item, amount] : doc.taxByItem) total += amount, taxTotal += amount;
+  TaxFigures(ctx, lists, doc, total, taxTotal, answer);
+  answer.Set("TotalAmount", CentsText(total));
+  if (doc.record.kind == "SalesOrder")
+    answer.Set("IsFullyInvoiced", doc.header.Get("IsManuallyClosed") == "true" ? "true" : "false");
+}
+
 const TxnKind kKinds[] = {
     {"Invoice", "InvoiceRet", "InvoiceLine", "InvoiceLineGroup", "CustomerRef", "ARAccountRef", kInvoiceHeader,
-     CompleteInvoice, PostInvoice, InvoiceFigures, {}, nullptr, true},
+     kSalesLine, CompleteInvoice, PostInvoice, InvoiceFigures, "AccountsReceivable", true, true, nullptr, false,
+     true},
+    // No modify of sales receipts in the versions the library speaks.
+    {"SalesReceipt", "SalesReceiptRet", "SalesReceiptLine", "SalesReceiptLineGroup", "CustomerRef",
+     "DepositToAccountRef", kSalesReceiptHeader, kSalesLine, CompleteInvoice, PostSalesReceipt, SalesReceiptFigures,
+     "UndepositedFunds", false, true},
+    {"CreditMemo", "CreditMemoRet", "CreditMemoLine", "CreditMemoLineGroup", "CustomerRef", "ARAccountRef",
+     kCreditMemoHeader, kSalesLine, CompleteInvoice, PostCreditMemo, CreditMemoFigures},
+    {"Estimate", "EstimateRet", "EstimateLine", "EstimateLineGroup", "CustomerRef", "", kEstimateHeader,
+     kEstimateLine, CompleteInvoice, PostNothing, UnpostedFigures, nullptr, true, false},
+    {"SalesOrder", "SalesOrderRet", "SalesOrderLine", "SalesOrderLineGroup", "CustomerRef", "", kSalesOrderHeader,
+     kSalesOrderLine, CompleteInvoice, PostNothing, UnpostedFigures, nullptr, true, false},
 };
 
 }  // namespace
 
 std::span<const TxnKind> TxnKinds() {
-  static const TxnKind kinds[] = {kKinds[0], ReceivePaymentKind()};
+  static const std::vector<TxnKind> kinds = [] {
+    std::vector<TxnKind> all(std::begin(kKinds), std::end(kKinds));
+    all.push_back(ReceivePaymentKind());
+    return all;
+  }();
   return kinds;
 }
 

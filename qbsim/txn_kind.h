@@ -83,17 +83,23 @@ struct TxnKind {
   const char* entityTag;  // "CustomerRef": the entity of the document
   const char* accountTag; // "ARAccountRef": the account whose rows are the document's open amount
   std::span<const Field> header;  // in the order of the …Ret
+  std::span<const Field> lineFields;  // a plain line, in the order of the …LineRet
   // Fills defaults from the entity and works out the lines; a refused document gives its status.
   Status (*complete)(RequestContext& ctx, ListCache& lists, TxnDocument& doc, bool isNew);
   // The debit and credit rows of a worked-out document; `scope` may create special accounts.
   std::vector<Posting> (*post)(RequestContext& ctx, ListCache& lists, WriteScope& scope, const TxnDocument& doc);
   // Adds the figures the …Ret answers but nothing stores (totals, balance) to `answer`.
   void (*figures)(RequestContext& ctx, const TxnDocument& doc, FieldMap& answer);
-  // The fields of the kind's lines when they are not sales lines (a payment's applied
-  // amounts, which are answered whether lines are asked for or not).
-  std::span<const Field> lineFields = {};
+  // The special account a document without its own account takes ("AccountsReceivable");
+  // null for documents that post nothing.
+  const char* defaultAccount = "AccountsReceivable";
+  bool canModify = true;  // QuickBooks answers …ModRq
+  bool canVoid = true;    // the kind is a TxnVoidType
   // Fills what the …Ret shows on each line but nothing stores (open balances); may be null.
   void (*lineFigures)(RequestContext& ctx, TxnDocument& doc) = nullptr;
+  // Whether the …Ret carries the lines whether they are asked for or not (a payment's
+  // applied amounts).
+  bool linesAlways = false;
   // Whether the …Ret carries LinkedTxn, after the header, when the query asks for them.
   bool answersLinks = false;
 };

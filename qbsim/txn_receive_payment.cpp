@@ -216,9 +216,11 @@ void AppliedFigures(RequestContext& ctx, TxnDocument& doc) {
 }  // namespace
 
 const TxnKind& ReceivePaymentKind() {
-  static const TxnKind kind{"ReceivePayment", "ReceivePaymentRet", "AppliedToTxn", "AppliedToTxnGroup", "CustomerRef",
-                            "ARAccountRef",   kHeader,             CompletePayment, PostPayment,      PaymentFigures,
-                            kApplied,         AppliedFigures,      false};
+  static const TxnKind kind{"ReceivePayment", "ReceivePaymentRet", "AppliedToTxn", "AppliedToTxnGroup",
+                            "CustomerRef",    "ARAccountRef",      kHeader,        kApplied,
+                            CompletePayment,  PostPayment,         PaymentFigures,
+                            // No modify and no void of a payment in the versions the library speaks.
+                            "AccountsReceivable", false, false, AppliedFigures, true, false};
   return kind;
 }
 

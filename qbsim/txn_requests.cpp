@@ -43,14 +43,9 @@ Status ReadHeader(RequestContext& ctx, const TxnKind& kind, const pugi::xml_node
   return RecordReader(ctx, k, form).Read(root, header);
 }
 
-// The line table of a kind: its own, or sales lines.
-std::span<const Field> LineFields(const TxnKind& kind) {
-  return kind.lineFields.empty() ? SalesLineFields() : kind.lineFields;
-}
-
 Status ReadLine(RequestContext& ctx, const TxnKind& kind, const pugi::xml_node& node, bool group, uint16_t form,
                 TxnLine& line) {
-  ListKind k = ReaderKind(group ? "GroupLine" : "Line", group ? SalesGroupLineFields() : LineFields(kind));
+  ListKind k = ReaderKind(group ? "GroupLine" : "Line", group ? SalesGroupLineFields() : kind.lineFields);
   // The members of a group come from the group item again; member lines in a modify of the
   // group are taken as read.
   pugi::xml_document copy;
@@ -137,7 +132,7 @@ std::vector<TxnLineRecord> LineRecords(TxnDocument& doc, WriteScope& scope) {
 
 // A line, or a group line with its members (written with `memberTag`), in the order of its table.
 void WriteLineRet(RecordWriter& writer, XmlOut& out, const char* tag, const char* memberTag,
-                  std::span<const Field> fields, const TxnLine& l) {
+                  std::span<const Field> fields, std::span<const Field> memberFields, const TxnLine& l) {
   FieldMap f = l.fields;
   f.Set("TxnLineID", l.lineId);
   std::string body = f.Encode();
@@ -146,7 +141,7 @@ void WriteLineRet(RecordWriter& writer, XmlOut& out, const char* tag, const char
   out.Open(tag);
   writer.WriteFields(out, fields, row);
   if (l.isGroup)
-    for (const TxnLine& m : l.members) WriteLineRet(writer, out, memberTag, memberTag, SalesLineFields(), m);
+    for (const TxnLine& m : l.members) WriteLineRet(writer, out, memberTag, memberTag, memberFields, memberFields, m);
   out.Close(tag);
 }
 
@@ -186,7 +181,7 @@ void WriteRet(RequestContext& ctx, const TxnKind& kind, const TxnDocument& doc, 
       ret.Close("LinkedTxn");
     }
   }
-  if (o.lines || !kind.lineFields.empty()) {
+  if (o.lines || kind.linesAlways) {
     std::string line = std::string(kind.lineTag) + "Ret", group = std::string(kind.groupTag) + "Ret";
     TxnDocument shown;
     const TxnDocument* lines = &doc;
@@ -197,7 +192,7 @@ void WriteRet(RequestContext& ctx, const TxnKind& kind, const TxnDocument& doc, 
     }
     for (const TxnLine& l : lines->lines)
       WriteLineRet(writer, ret, l.isGroup ? group.c_str() : line.c_str(), line.c_str(),
-                   l.isGroup ? SalesGroupLineFields() : LineFields(kind), l);
+                   l.isGroup ? SalesGroupLineFields() : kind.lineFields, kind.lineFields, l);
   }
   WriteDataExtRets(ctx.file, ret, doc.record.txnId, o.dataExtOwners);
   ret.Close(kind.retTag);
@@ -223,12 +218,13 @@ void WriteRet(RequestContext& ctx, const TxnKind& kind, const TxnDocument& doc, 
 
 void StoreTxn(RequestContext& ctx, ListCache& lists, const TxnKind& kind, TxnDocument& doc, WriteScope& scope,
               LedgerStore& ledger, bool isNew) {
-  if (!doc.header.Has(kind.accountTag)) doc.header.Set(kind.accountTag, lists.Special(&scope, "AccountsReceivable"));
+  if (kind.defaultAccount && !doc.header.Has(kind.accountTag))
+    doc.header.Set(kind.accountTag, lists.Special(&scope, kind.defaultAccount));
   doc.record.kind = kind.name;
   doc.record.txnDate = doc.header.Get("TxnDate");
   doc.record.refNumber = doc.header.Get("RefNumber");
   doc.record.entityId = doc.header.Get(kind.entityTag);
-  doc.record.accountId = doc.header.Get(kind.accountTag);
+  if (kind.defaultAccount) doc.record.accountId = doc.header.Get(kind.accountTag);
   std::vector<TxnLineRecord> lines = LineRecords(doc, scope);
   std::vector<Posting> rows = doc.record.isVoid ? std::vector<Posting>{} : kind.post(ctx, lists, scope, doc);
   doc.record.body = doc.header.Encode();
@@ -471,6 +467,8 @@ Status Query(RequestContext& ctx, const TxnKind& kind, const pugi::xml_node& req
 Status FindForChange(RequestContext& ctx, const pugi::xml_node& request, const char* typeTag, TxnRecord& rec,
                      const TxnKind*& kind) {
   std::string type(Trim(request.child_value(typeTag))), txnId(Trim(request.child_value("TxnID")));
+  // The library names some types as their description, with blanks ("Sales Order").
+  std::erase(type, ' ');
   if (type.empty()) return status::MissingElement(typeTag);
   if (txnId.empty()) return status::MissingElement("TxnID");
   kind = nullptr;
@@ -508,6 +506,7 @@ Status Void(RequestContext& ctx, const pugi::xml_node& request, XmlOut& out) {
   TxnRecord rec;
   const TxnKind* kind = nullptr;
   if (Status s = FindForChange(ctx, request, "TxnVoidType", rec, kind); !s.Ok()) return s;
+  if (!kind->canVoid) return status::NotSupported("TxnVoidType " + std::string(kind->name));
   LedgerStore ledger(ctx.file);
   TxnDocument doc = Load(ledger, rec);
   auto zero = [](TxnLine& l) {
@@ -579,9 +578,10 @@ void RegisterTxnRequests(RequestTable& table) {
     table.Add(std::string(k.name) + "AddRq",
               {[kind](RequestContext& ctx, const pugi::xml_node& rq, XmlOut& out) { return Add(ctx, *kind, rq, out); },
                nullptr, 10});
-    table.Add(std::string(k.name) + "ModRq",
-              {[kind](RequestContext& ctx, const pugi::xml_node& rq, XmlOut& out) { return Mod(ctx, *kind, rq, out); },
-               nullptr, 20});
+    if (k.canModify)
+      table.Add(std::string(k.name) + "ModRq",
+                {[kind](RequestContext& ctx, const pugi::xml_node& rq, XmlOut& out) { return Mod(ctx, *kind, rq, out); },
+                 nullptr, 20});
     table.Add(std::string(k.name) + "QueryRq",
               {[kind](RequestContext& ctx, const pugi::xml_node& rq, XmlOut& out) { return Query(ctx, *kind, rq, out); },
                nullptr, 10});

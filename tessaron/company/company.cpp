@@ -13,8 +13,12 @@
 #include "tessaron/messaging/xml_bldr.h"
 #include "tessaron/platform/error.h"
 #include "tessaron/framework/detail/list_object_access.h"
+#include "tessaron/transactions/credit_memos.h"
+#include "tessaron/transactions/estimates.h"
 #include "tessaron/transactions/invoices.h"
 #include "tessaron/transactions/receive_payments.h"
+#include "tessaron/transactions/sales_orders.h"
+#include "tessaron/transactions/sales_receipts.h"
 
 namespace tessaron {
 
@@ -66,6 +70,14 @@ Company::Company()
   detail::ListObjectAccess::SetMaster(*invoices_, true);
   receivePayments_ = std::make_shared<tessaron::ReceivePayments>();
   detail::ListObjectAccess::SetMaster(*receivePayments_, true);
+  salesReceipts_ = std::make_shared<tessaron::SalesReceipts>();
+  detail::ListObjectAccess::SetMaster(*salesReceipts_, true);
+  creditMemos_ = std::make_shared<tessaron::CreditMemos>();
+  detail::ListObjectAccess::SetMaster(*creditMemos_, true);
+  estimates_ = std::make_shared<tessaron::Estimates>();
+  detail::ListObjectAccess::SetMaster(*estimates_, true);
+  salesOrders_ = std::make_shared<tessaron::SalesOrders>();
+  detail::ListObjectAccess::SetMaster(*salesOrders_, true);
   // The entity list makes records of their own classes of its ...Ret elements.
   tessaron::Entities::RegisterEntityKind("CustomerRet", [] { return std::make_shared<Customer>(); });
   tessaron::Entities::RegisterEntityKind("VendorRet", [] { return std::make_shared<Vendor>(); });
@@ -230,7 +242,6 @@ int32_t Company::SetClearedStatus(int32_t ClearedStatus, const std::string& TxnI
 
 #define TESSARON_NOT_YET(Name) \
   std::shared_ptr<tessaron::Name> Company::Name() { NotAvailable(#Name); }
-TESSARON_NOT_YET(SalesOrders)
 TESSARON_NOT_YET(JournalEntries)
 TESSARON_NOT_YET(Bills)
 TESSARON_NOT_YET(Checks)
@@ -239,9 +250,6 @@ TESSARON_NOT_YET(VendorCredits)
 TESSARON_NOT_YET(CreditCardCharges)
 TESSARON_NOT_YET(CreditCardCredits)
 TESSARON_NOT_YET(TimeTrackings)
-TESSARON_NOT_YET(SalesReceipts)
-TESSARON_NOT_YET(CreditMemos)
-TESSARON_NOT_YET(Estimates)
 TESSARON_NOT_YET(BillPayments)
 TESSARON_NOT_YET(UndepositedFunds)
 TESSARON_NOT_YET(Deposits)

@@ -150,11 +150,14 @@ class Company {
   std::shared_ptr<tessaron::PayrollItemNonWages> PayrollItemNonWages() const { return payrollItemNonWages_; }
   std::shared_ptr<tessaron::Invoices> Invoices() const { return invoices_; }
   std::shared_ptr<tessaron::ReceivePayments> ReceivePayments() const { return receivePayments_; }
+  std::shared_ptr<tessaron::SalesReceipts> SalesReceipts() const { return salesReceipts_; }
+  std::shared_ptr<tessaron::CreditMemos> CreditMemos() const { return creditMemos_; }
+  std::shared_ptr<tessaron::Estimates> Estimates() const { return estimates_; }
+  std::shared_ptr<tessaron::SalesOrders> SalesOrders() const { return salesOrders_; }
   // Not a master: QuickBooks only reads templates out. Made on first use.
   std::shared_ptr<tessaron::Templates> Templates();
 
   // Collections whose classes come later: each raises "not available" for now.
-  std::shared_ptr<tessaron::SalesOrders> SalesOrders();
   std::shared_ptr<tessaron::JournalEntries> JournalEntries();
   std::shared_ptr<tessaron::Bills> Bills();
   std::shared_ptr<tessaron::Checks> Checks();
@@ -163,9 +166,6 @@ class Company {
   std::shared_ptr<tessaron::CreditCardCharges> CreditCardCharges();
   std::shared_ptr<tessaron::CreditCardCredits> CreditCardCredits();
   std::shared_ptr<tessaron::TimeTrackings> TimeTrackings();
-  std::shared_ptr<tessaron::SalesReceipts> SalesReceipts();
-  std::shared_ptr<tessaron::CreditMemos> CreditMemos();
-  std::shared_ptr<tessaron::Estimates> Estimates();
   std::shared_ptr<tessaron::BillPayments> BillPayments();
   std::shared_ptr<tessaron::UndepositedFunds> UndepositedFunds();
   std::shared_ptr<tessaron::Deposits> Deposits();
@@ -244,6 +244,10 @@ class Company {
   std::shared_ptr<tessaron::Templates> templates_;
   std::shared_ptr<tessaron::Invoices> invoices_;
   std::shared_ptr<tessaron::ReceivePayments> receivePayments_;
+  std::shared_ptr<tessaron::SalesReceipts> salesReceipts_;
+  std::shared_ptr<tessaron::CreditMemos> creditMemos_;
+  std::shared_ptr<tessaron::Estimates> estimates_;
+  std::shared_ptr<tessaron::SalesOrders> salesOrders_;
   std::shared_ptr<DataExtensionDefinitions> customFields_;
   std::shared_ptr<DataExtensionDefinitions> applicationFields_;
   std::shared_ptr<DataExtensions> companyApplicationFields_;
