@@ -13,6 +13,7 @@
 #include "tessaron/messaging/xml_bldr.h"
 #include "tessaron/platform/error.h"
 #include "tessaron/transactions/detail/txn_access.h"
+#include "tessaron/transactions/credit_memos.h"
 #include "tessaron/transactions/detail/txn_refs.h"
 #include "tessaron/transactions/txn_applied_to.h"
 
@@ -157,9 +158,14 @@ void ReceivePayment::RecalculatePayment() {
   const Currency applied = applied_->Total();
   if (applied > total_) throw Error(err::kAppliedExceedsTotal, kSource, err::kAppliedExceedsTotalText);
   unusedPayment_ = total_ - (applied + credits + discounts);
-  // TODO: ask CreditMemos.GetByTxnID for each credit used and add up their totals once
-  // credit memos exist; until then no credit is known and what is used shows as owed.
+  // What the credits used amount to, each asked of QuickBooks once, less what is used.
   Currency creditTotals;
+  if (credits != Currency() && State().CurrentCompany) {
+    CreditMemos memos;
+    for (const auto& member : *applied_)
+      for (const auto& credit : *member->Credits())
+        if (auto memo = memos.GetByTxnID(credit->CreditTxnID(), true)) creditTotals = creditTotals + memo->Total();
+  }
   unusedCredit_ = creditTotals - credits;
 }
 
