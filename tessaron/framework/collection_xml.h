@@ -49,14 +49,15 @@ class CollectionXml {
  protected:
   CollectionXml() = default;
 
-  // The source of raised errors ("Classes" class name, "Invoice").
+  // The source of raised errors: the class name of the collection's objects ("Class", "Invoice").
   virtual const char* SavedSource() const = 0;
   virtual long SavedCount() const = 0;
   // The object at a position from 1.
   virtual qcBase& SavedAt(long position) = 0;
   // Makes, reads and keys in one object per record; raises (leaving the content as it was)
-  // for a record the collection cannot hold. Each record has passed CheckSavedKind's
-  // structural checks; the kind itself is for the collection to check with CheckSavedKind.
+  // for a record the collection cannot hold. Each record is the element inside one
+  // `...QueryRs` of the file; whether it is of the collection's kind is checked with
+  // CheckSavedKind once the object for it is made.
   virtual void LoadSavedRecords(const std::vector<XmlNode>& records, const std::string& FilePath) = 0;
 
   // Raises unless `record` is the `NRet` element that `obj` writes (a file of another
