@@ -3,7 +3,15 @@
 #include <span>
 
 #include "tessaron/platform/text.h"
+#include "tessaron/transactions/credit_memos.h"
+#include "tessaron/transactions/deposits.h"
+#include "tessaron/transactions/estimates.h"
 #include "tessaron/transactions/invoices.h"
+#include "tessaron/transactions/journal_entries.h"
+#include "tessaron/transactions/purchase_collections.h"
+#include "tessaron/transactions/receive_payments.h"
+#include "tessaron/transactions/sales_orders.h"
+#include "tessaron/transactions/sales_receipts.h"
 
 namespace tessaron::cli {
 
@@ -16,6 +24,20 @@ std::unique_ptr<TxnCollectionBase> Make() {
 
 constexpr TxnKindInfo kKinds[] = {
     {"Invoices", "Invoice", true, &Make<Invoices>},
+    {"SalesReceipts", "SalesReceipt", false, &Make<SalesReceipts>},
+    {"CreditMemos", "CreditMemo", false, &Make<CreditMemos>},
+    {"Estimates", "Estimate", false, &Make<Estimates>},
+    {"SalesOrders", "SalesOrder", false, &Make<SalesOrders>},
+    {"ReceivePayments", "ReceivePayment", false, &Make<ReceivePayments>},
+    {"Bills", "Bill", true, &Make<Bills>},
+    {"VendorCredits", "VendorCredit", false, &Make<VendorCredits>},
+    {"ItemReceipts", "ItemReceipt", false, &Make<ItemReceipts>},
+    {"PurchaseOrders", "PurchaseOrder", false, &Make<PurchaseOrders>},
+    {"Checks", "Check", false, &Make<Checks>},
+    {"CreditCardCharges", "CreditCardCharge", false, &Make<CreditCardCharges>},
+    {"CreditCardCredits", "CreditCardCredit", false, &Make<CreditCardCredits>},
+    {"JournalEntries", "JournalEntry", false, &Make<JournalEntries>},
+    {"Deposits", "Deposit", false, &Make<Deposits>},
 };
 
 }  // namespace
