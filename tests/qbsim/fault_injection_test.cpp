@@ -79,11 +79,13 @@ class FaultSweep : public ::testing::TestWithParam<SweepCase> {
                    "</DataExtAdd></DataExtAddRq>")));
     ASSERT_EQ(field.Status(0), 0) << field.Message(0);
     ASSERT_EQ(field.Status(1), 0) << field.Message(1);
-    // An invoice of the sample with its lines: the one that is modified, voided, deleted.
+    // An invoice of the sample with its lines and no payment applied (which would keep it
+    // from being voided or deleted): the one that is modified, voided, deleted.
     Response invoices(p->ProcessRequest(
-        t, Message("<InvoiceQueryRq requestID=\"1\"><IncludeLineItems>true</IncludeLineItems></InvoiceQueryRq>")));
+        t, Message("<InvoiceQueryRq requestID=\"1\"><IncludeLineItems>true</IncludeLineItems>"
+                   "<IncludeLinkedTxns>true</IncludeLinkedTxns></InvoiceQueryRq>")));
     for (pugi::xml_node inv : invoices.Records()) {
-      if (!inv.child("InvoiceLineRet")) continue;
+      if (!inv.child("InvoiceLineRet") || inv.child("LinkedTxn")) continue;
       keys_["{INVOICE_ID}"] = inv.child_value("TxnID");
       keys_["{INVOICE_SEQ}"] = inv.child_value("EditSequence");
       keys_["{INVOICE_LINE_ID}"] = inv.child("InvoiceLineRet").child_value("TxnLineID");
